@@ -1,0 +1,122 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+/// Windows and their controls as the window toolkit sees them: described once by plain records,
+/// then reached through peers that show what the system's own controls hold. All on the loop's
+/// thread.
+namespace corvane {
+
+/// 1440 twips are an inch; 15 are one pixel of an unscaled screen.
+inline constexpr int kTwipsPerPixel = 15;
+
+/// A place inside a window's client area, or inside the frame that holds the control. In twips.
+struct TwipsRect {
+    int left = 0, top = 0, width = 0, height = 0;
+    friend bool operator==(const TwipsRect&, const TwipsRect&) = default;
+};
+
+enum class ControlKind {
+    ListBox,    ///< sorted list of texts, one a line
+    ImageList,  ///< pictures for other controls; nothing to see
+    Frame,      ///< box with a caption that holds other controls
+    PictureBox,
+    Label,
+    CentredLabel,
+    Timer,  ///< nothing to see
+    Gauge,  ///< the system's own round gauge
+    TextBox,
+    MultilineTextBox,  ///< several lines, vertical scroll bar
+    RichTextBox,
+    ProgressBar,    ///< 0 to 100
+    CommandButton,  ///< "&" in its caption stands in front of its access key
+    Line,           ///< from left, top to left + width, top + height
+};
+
+enum class ControlColours {
+    System,
+    WhiteOnBlack,
+    MenuBackground,  ///< the system's menu colour behind the text
+};
+
+inline constexpr int kNoTabStop = -1;
+
+struct ControlDescription {
+    std::string_view name;
+    ControlKind kind;
+    TwipsRect place;
+    int tab_index = kNoTabStop;
+    std::string_view text = {};       ///< caption or content; a list's items are parted by LF
+    std::string_view container = {};  ///< name of the frame that holds it; empty: the window itself
+    ControlColours colours = ControlColours::System;
+    std::string_view tool_tip = {};
+    std::string_view role = {};  ///< what it shows, in words, for people who do not see it
+};
+
+struct MenuDescription {
+    std::string_view name;
+    std::string_view caption;    ///< "&" in front of the access key; "-" alone is a separator
+    std::string_view menu = {};  ///< name of the menu that holds it; empty: it is a menu of the bar
+};
+
+struct WindowDescription {
+    std::string_view name;
+    std::string_view caption;
+    int client_width = 0;   ///< twips, below the menu bar
+    int client_height = 0;  ///< twips
+    std::span<const ControlDescription> controls;
+};
+
+class IControlPeer {
+public:
+    virtual ~IControlPeer() = default;
+    virtual void SetFocus() = 0;
+};
+
+/// Positions count characters of the text, CR LF as two.
+class ITextPeer : public IControlPeer {
+public:
+    virtual void SetText(const std::string& text) = 0;
+    /// Marks `length` characters from `start` on (from 0), and brings the place into view.
+    virtual void SetSelection(std::int32_t start, std::int32_t length) = 0;
+};
+
+struct TextPeerEvents {
+    /// A person has changed the text or the selection. Never called for what the system itself set.
+    std::function<void(const std::string& text, std::int32_t start, std::int32_t length)> Edited;
+};
+
+/// A window of the toolkit, hidden until shown. Peers must not outlive their window.
+class IWindowPeer {
+public:
+    virtual ~IWindowPeer() = default;
+
+    /// Puts a control in its place that shows just what its description says.
+    virtual void AddFixture(const ControlDescription& control) = 0;
+    [[nodiscard]] virtual std::unique_ptr<ITextPeer> AddText(const ControlDescription& control,
+                                                             TextPeerEvents events) = 0;
+    /// `Click` is called when a person chooses the entry; it may be empty.
+    virtual void AddMenu(const MenuDescription& menu, std::function<void()> Click) = 0;
+
+    /// Shows the window modeless; the control of tab index 0 has the focus the first time.
+    virtual void Show() = 0;
+};
+
+struct WindowPeerEvents {
+    std::function<void()> CloseRequested;  ///< a person closes the window by its frame
+};
+
+class IWindowToolkit {
+public:
+    virtual ~IWindowToolkit() = default;
+    [[nodiscard]] virtual std::unique_ptr<IWindowPeer> CreateWindow(
+        const WindowDescription& description, WindowPeerEvents events) = 0;
+};
+
+}  // namespace corvane

@@ -1,0 +1,70 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+/// What the system's language asks of the world at run time: keys, programs, its own place, its
+/// end, and the queue of messages by which everything reaches it.
+namespace corvane {
+
+/// Window style of a started program.
+enum ShellWindowStyle : std::int32_t { kNormalFocus = 1 };
+
+class ILanguageRuntime {
+public:
+    virtual ~ILanguageRuntime() = default;
+
+    /// Types into whatever window has the focus. `keys` is in key notation: a plain character is
+    /// that key, "^" in front of one holds Ctrl, "{ESC}" and "{ENTER}" name a key; letters do not
+    /// depend on Caps Lock. With `wait` the call returns when the keys have been processed. Bad
+    /// notation raises kInvalidProcedureCall and types nothing.
+    virtual void SendKeys(const std::string& keys, bool wait) = 0;
+
+    /// Starts the command line `path` in a window of the given style and returns at once. A program
+    /// that can't be started, or an empty path, raises kFileNotFound.
+    virtual void Shell(const std::string& path, ShellWindowStyle style) = 0;
+
+    /// Folder of the program's executable, absolute, without a separator at its end unless it is a
+    /// root.
+    [[nodiscard]] virtual std::string ExecutableFolder() const = 0;
+
+    /// What parts the names in a path.
+    [[nodiscard]] virtual char PathSeparator() const = 0;
+
+    /// Shows the report of an error that no handler has trapped; returns when it was acknowledged.
+    virtual void ShowErrorReport(std::int32_t number, const std::string& text) = 0;
+
+    /// Ends the process on the spot: no window is unloaded, nothing is unwound.
+    [[noreturn]] virtual void End() = 0;
+};
+
+/// The queue of the one thread on which the system runs.
+class IMessageQueue {
+public:
+    using Message = std::function<void()>;
+
+    virtual ~IMessageQueue() = default;
+
+    /// Puts a message at the end of the queue. May be called from any thread; all else here is for
+    /// the loop's own.
+    virtual void Post(Message message) = 0;
+
+    /// As Post, once `delay` has passed.
+    virtual void PostAfter(std::chrono::milliseconds delay, Message message) = 0;
+
+    /// From now on every message is handed to `run` instead of being called directly, so that
+    /// errors of handlers meet one boundary.
+    virtual void DispatchThrough(std::function<void(const Message&)> run) = 0;
+
+    /// Runs the messages that are ready, each taken off the queue before it runs, and returns. May
+    /// be called from inside a message.
+    virtual void DoEvents() = 0;
+
+    /// Runs messages until the process ends.
+    virtual void Run() = 0;
+};
+
+}  // namespace corvane
