@@ -1,0 +1,80 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+#include "platform/controls.h"
+#include "runtime/message_loop.h"
+
+namespace corvane::forms {
+
+/// A window of the system. A class derived from it names its controls as public members.
+class Form : public std::enable_shared_from_this<Form> {
+public:
+    virtual ~Form();
+
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    std::function<void()> Load;    ///< raised by the first use of the window, before it can be seen
+    std::function<void()> Unload;  ///< raised when a person closes the window
+
+    void Show();
+
+    /// The row of that name in the window's layout.
+    [[nodiscard]] const ControlDescription& Describe(std::string_view name) const;
+    [[nodiscard]] IWindowPeer& window() { return *window_; }
+    [[nodiscard]] MessageLoop& loop() { return loop_; }
+
+    /// Runs what an event of the toolkit leads to, as a message of its own; the window stays alive
+    /// until it has run.
+    void Enter(const MessageLoop::Handler& handler);
+
+protected:
+    /// The tables in `description` must outlive the window.
+    Form(IWindowToolkit& toolkit, MessageLoop& loop, const WindowDescription& description);
+
+private:
+    WindowDescription description_;
+    MessageLoop& loop_;
+    std::unique_ptr<IWindowPeer> window_;
+};
+
+/// A control that stands in its place and shows what its description says.
+class Fixture {
+public:
+    Fixture(Form& form, std::string_view name);
+};
+
+/// An entry of the menu bar.
+class Menu {
+public:
+    Menu(Form& form, const MenuDescription& description);
+
+    std::function<void()> Click;
+};
+
+/// A window that is created and loaded by its first use.
+template <class Window>
+class Lazy {
+public:
+    /// `create` makes the window and binds its handlers.
+    explicit Lazy(std::function<std::shared_ptr<Window>()> create) : create_(std::move(create)) {}
+
+    [[nodiscard]] Window* operator->() {
+        if (!window_) {
+            window_ = create_();
+            if (const auto handler = window_->Load) handler();
+        }
+        return window_.get();
+    }
+    [[nodiscard]] bool Loaded() const { return window_ != nullptr; }
+
+private:
+    std::function<std::shared_ptr<Window>()> create_;
+    std::shared_ptr<Window> window_;
+};
+
+}  // namespace corvane::forms

@@ -1,0 +1,48 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include "runtime/forms/text_box.h"
+
+#include <algorithm>
+
+#include "runtime/forms/form.h"
+#include "runtime/text.h"
+
+namespace corvane::forms {
+
+TextBox::TextBox(Form& form, std::string_view name) : text_(form.Describe(name).text) {
+    TextPeerEvents events;
+    events.Edited = [this, &form](const std::string& text, std::int32_t start,
+                                  std::int32_t length) {
+        form.Enter([&] { TakeEdit(text, start, length); });
+    };
+    peer_ = form.window().AddText(form.Describe(name), std::move(events));
+}
+
+void TextBox::SetText(const std::string& text) {
+    const bool changed = text != text_;
+    text_ = text;
+    sel_start_ = 0;
+    sel_length_ = 0;
+    peer_->SetText(text_);
+    if (changed) RaiseChange();
+}
+
+void TextBox::SetSelStart(Long start) {
+    if (start < 0) throw RuntimeError(kInvalidPropertyValue, "Invalid property value");
+    sel_start_ = std::min(start, Len(text_));
+    sel_length_ = 0;
+    peer_->SetSelection(sel_start_.rep(), 0);
+}
+
+void TextBox::TakeEdit(const std::string& text, Long start, Long length) {
+    const bool changed = text != text_;
+    text_ = text;
+    sel_start_ = start;
+    sel_length_ = length;
+    if (changed) RaiseChange();
+}
+
+void TextBox::RaiseChange() {
+    if (const auto handler = Change) handler();
+}
+
+}  // namespace corvane::forms

@@ -1,0 +1,47 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/controls.h"
+#include "runtime/numbers.h"
+
+namespace corvane::forms {
+
+class Form;
+
+/// A text box, of one line, of several, or rich. Between messages it is itself the truth about its
+/// text and selection; the toolkit's control behind it only shows them. Positions count characters
+/// of Text from 0, CR LF as two.
+class TextBox {
+public:
+    /// The control of that name in the form's layout.
+    TextBox(Form& form, std::string_view name);
+
+    /// Raised when the text has become another one, by the system or by a person.
+    std::function<void()> Change;
+
+    [[nodiscard]] const std::string& Text() const { return text_; }
+    /// The caret moves to the start.
+    void SetText(const std::string& text);
+
+    [[nodiscard]] Long SelStart() const { return sel_start_; }
+    /// A place beyond the end is the end; a negative one raises kInvalidPropertyValue. Nothing is
+    /// marked afterwards.
+    void SetSelStart(Long start);
+    [[nodiscard]] Long SelLength() const { return sel_length_; }
+
+private:
+    void TakeEdit(const std::string& text, Long start, Long length);
+    void RaiseChange();
+
+    std::string text_;
+    Long sel_start_;
+    Long sel_length_;
+    std::unique_ptr<ITextPeer> peer_;
+};
+
+}  // namespace corvane::forms
