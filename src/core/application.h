@@ -1,0 +1,46 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+
+#include "core/recogniser.h"
+#include "core/recognition_dispatch.h"
+#include "core/text_log.h"
+#include "desktop/keyword_launcher.h"
+#include "grammar/data_paths.h"
+#include "grammar/keyword_store.h"
+#include "platform/platform.h"
+#include "runtime/forms/form.h"
+#include "runtime/message_loop.h"
+#include "shell/form2.h"
+
+namespace corvane {
+
+/// The whole system on one platform: builds its parts and binds them to each other.
+class Application {
+public:
+    explicit Application(const Platform& platform);
+
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    /// Brings the system up and runs it until the process ends.
+    void Run();
+
+private:
+    [[nodiscard]] std::shared_ptr<Form2> CreateForm2();
+    void Form2_Load();
+
+    Platform platform_;
+    MessageLoop loop_;
+    DataPaths paths_;
+    Nullable<ISpeechVoice> voice_;
+    KeywordStore keywords_;
+    Recogniser recogniser_;
+    forms::Lazy<Form2> form2_;
+    TextLog log_;
+    KeywordLauncher launcher_;
+    RecognitionDispatch dispatch_;
+};
+
+}  // namespace corvane

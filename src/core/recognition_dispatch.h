@@ -1,0 +1,42 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "core/recogniser.h"
+#include "core/text_log.h"
+#include "desktop/keyword_launcher.h"
+#include "grammar/data_paths.h"
+#include "platform/language_runtime.h"
+#include "platform/speech_api.h"
+#include "runtime/forms/form.h"
+#include "runtime/nullable.h"
+#include "shell/form2.h"
+
+namespace corvane {
+
+/// Turns one recognised phrase into one action. Everything that the voice can make the system do
+/// passes through here.
+class RecognitionDispatch {
+public:
+    RecognitionDispatch(ILanguageRuntime& runtime, const DataPaths& paths, Recogniser& recogniser,
+                        Nullable<ISpeechVoice>& voice, const KeywordLauncher& launcher,
+                        forms::Lazy<Form2>& main_window, TextLog& log);
+
+    /// The handler of the recogniser's final event. It never raises.
+    void RC_Recognition(Long StreamNumber, const Variant& StreamPosition, Long RecognitionType,
+                        ISpeechRecoResult& Result);
+
+private:
+    friend struct RuleTable;
+
+    ILanguageRuntime& runtime_;
+    const DataPaths& paths_;
+    Recogniser& recogniser_;
+    Nullable<ISpeechVoice>& voice_;
+    const KeywordLauncher& launcher_;
+    forms::Lazy<Form2>& main_window_;
+    TextLog& log_;
+};
+
+}  // namespace corvane

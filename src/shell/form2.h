@@ -1,0 +1,60 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/controls.h"
+#include "runtime/forms/form.h"
+#include "runtime/forms/text_box.h"
+#include "runtime/forms/timer.h"
+#include "shell/form2_layout.h"
+
+namespace corvane {
+
+/// The main window: what the system is doing, its log, its whiteboard, its spoken help.
+class Form2 final : public forms::Form {
+public:
+    Form2(IWindowToolkit& toolkit, MessageLoop& loop);
+
+    forms::Fixture List1{*this, "List1"};  // command list
+    forms::Fixture Frame2{*this, "Frame2"};
+    forms::Fixture Picture2{*this, "Picture2"};
+    forms::Fixture Label7{*this, "Label7"};
+    forms::Timer Timer1{loop(), std::chrono::milliseconds(1000), true};  // status monitor
+    forms::Fixture bkCProg1{*this, "bkCProg1"};
+    forms::Fixture Text4{*this, "Text4"};
+    forms::Fixture ProgressBar2{*this, "ProgressBar2"};
+    forms::Fixture Command3{*this, "Command3"};
+    forms::Fixture Command2{*this, "Command2"};
+    forms::TextBox Text3{*this, "Text3"};  // the whiteboard
+    forms::Fixture Frame1{*this, "Frame1"};
+    forms::Fixture Picture1{*this, "Picture1"};
+    forms::Fixture Label1{*this, "Label1"};
+    forms::Fixture text2{*this, "text2"};
+    forms::Fixture ProgressBar1{*this, "ProgressBar1"};
+    forms::TextBox Text1{*this, "Text1"};  // the recognition log
+    forms::Fixture bkCProg2{*this, "bkCProg2"};
+    forms::Fixture Label10{*this, "Label10"};
+    forms::Fixture Label6{*this, "Label6"};
+    forms::Fixture Label5{*this, "Label5"};
+    forms::Fixture Label4{*this, "Label4"};
+    forms::Fixture Label3{*this, "Label3"};
+    forms::Fixture Label2{*this, "Label2"};
+    forms::Fixture Line7{*this, "Line7"};
+    forms::Fixture Line6{*this, "Line6"};
+    forms::Fixture Line5{*this, "Line5"};
+    forms::Fixture Line4{*this, "Line4"};
+    forms::Fixture Line3{*this, "Line3"};
+    forms::Fixture Line2{*this, "Line2"};
+    forms::Fixture Line1{*this, "Line1"};
+
+    forms::Menu mnuFile{*this, kMnuFile};
+    forms::Menu mnuExit{*this, kMnuExit};
+    forms::Menu mnuHelp{*this, kMnuHelp};
+    forms::Menu mnuHDoc{*this, kMnuHDoc};
+    forms::Menu mnuDivide{*this, kMnuDivide};
+    forms::Menu mnuAbout{*this, kMnuAbout};
+
+private:
+    void Text1_Change();
+};
+
+}  // namespace corvane
