@@ -9,10 +9,10 @@ namespace corvane {
 
 /// Full paths of the files that lie beside the executable; empty until init_constants.
 struct DataPaths {
-    std::string KeywordsTxtPath;
-    std::string KeywordsXmlPath;
-    std::string QuietXmlPath;
-    std::string CalendarXmlPath;
+    std::string KeywordsTxtPath{};
+    std::string KeywordsXmlPath{};
+    std::string QuietXmlPath{};
+    std::string CalendarXmlPath{};
 };
 
 void init_constants(const ILanguageRuntime& runtime, DataPaths& paths);

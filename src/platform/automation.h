@@ -40,7 +40,7 @@ public:
                                                                     IOMode mode, bool create) = 0;
 
     /// Creates a file, or with `overwrite` empties the one that is there, in place. Raises
-    /// kPathNotFound or kPermissionDenied.
+    /// kPathNotFound or kPermissionDenied, and without `overwrite` kFileAlreadyExists.
     [[nodiscard]] virtual std::unique_ptr<ITextStream> CreateTextFile(const std::string& path,
                                                                       bool overwrite) = 0;
 

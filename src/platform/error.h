@@ -28,6 +28,7 @@ enum ErrorNumber : std::int32_t {
     kDivisionByZero = 11,
     kFileNotFound = 53,
     kDeviceIOError = 57,
+    kFileAlreadyExists = 58,
     kDiskFull = 61,
     kInputPastEnd = 62,
     kPermissionDenied = 70,

@@ -63,7 +63,7 @@ public:
     /// be called from inside a message.
     virtual void DoEvents() = 0;
 
-    /// Runs messages until the process ends.
+    /// Runs messages until the process ends; where time is only simulated, until nothing is ready.
     virtual void Run() = 0;
 };
 

@@ -1,0 +1,35 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/automation.h"
+#include "simulated/call_record.h"
+
+namespace corvane::simulated {
+
+/// Files in memory. A write is in the file at once, so that what a failure leaves behind can be
+/// seen. Every path's folder exists.
+class MemoryFiles final : public IFileSystemObject {
+public:
+    explicit MemoryFiles(CallRecord& record);
+
+    std::unique_ptr<ITextStream> OpenTextFile(const std::string& path, IOMode mode,
+                                              bool create) override;
+    std::unique_ptr<ITextStream> CreateTextFile(const std::string& path, bool overwrite) override;
+    void DeleteFile(const std::string& path) override;
+
+    /// The bytes of a file; nothing when there is none.
+    [[nodiscard]] std::optional<std::string> Bytes(const std::string& path) const;
+    void Put(const std::string& path, std::string bytes);
+    void Remove(const std::string& path);
+
+private:
+    CallRecord& record_;
+    std::map<std::string, std::shared_ptr<std::string>> files_;
+};
+
+}  // namespace corvane::simulated

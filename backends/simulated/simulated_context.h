@@ -1,0 +1,48 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/speech_api.h"
+#include "simulated/call_record.h"
+#include "simulated/memory_files.h"
+#include "simulated/spoken_grammar.h"
+
+namespace corvane::simulated {
+
+/// The rules of one grammar, shared by the objects that speak for it.
+struct LoadedRules {
+    std::vector<SpokenRule> rules;
+    std::vector<std::string> active;
+};
+
+class SimulatedContext final : public ISpeechRecoContext {
+public:
+    SimulatedContext(CallRecord& record, MemoryFiles& files);
+
+    std::shared_ptr<ISpeechRecoGrammar> CreateGrammar(std::int32_t GrammarId) override;
+    std::int32_t EventInterests() const override;
+    void SetEventInterests(std::int32_t Mask) override;
+    void Advise(SpeechRecoContextEvents Events) override;
+
+    /// Name of the active rule that accepts the phrase; empty if there is none.
+    [[nodiscard]] std::string RuleFor(const std::string& phrase) const;
+    [[nodiscard]] bool HasActive(const std::string& rule) const;
+    [[nodiscard]] SpeechRecoContextEvents Handlers() const { return events_; }
+
+private:
+    CallRecord& record_;
+    MemoryFiles& files_;
+    std::vector<std::weak_ptr<LoadedRules>> grammars_;
+    std::int32_t interests_ = 0;
+    SpeechRecoContextEvents events_;
+};
+
+/// A result of its own, as the engine gives one.
+[[nodiscard]] std::shared_ptr<ISpeechRecoResult> MakeResult(CallRecord& record, std::string text,
+                                                            std::string rule,
+                                                            std::int32_t confidence);
+
+}  // namespace corvane::simulated

@@ -1,0 +1,36 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+#include <functional>
+
+#include "platform/platform.h"
+#include "simulated/call_record.h"
+#include "simulated/cell_windows.h"
+#include "simulated/memory_files.h"
+#include "simulated/simulated_runtime.h"
+#include "simulated/simulated_speech.h"
+#include "simulated/virtual_queue.h"
+
+namespace corvane::simulated {
+
+/// A whole desktop in memory, on a clock of its own.
+class SimulatedDesktop {
+public:
+    VirtualQueue queue;
+    CallRecord record{[this] { return queue.Now(); }};
+    MemoryFiles files{record};
+    CellWindows windows{record};
+    SimulatedRuntime runtime{record};
+    SimulatedSpeech speech{record, files, queue};
+
+    [[nodiscard]] Platform AsPlatform();
+
+    /// Lets a person or the system act; when that ends the process, nothing queued runs any more.
+    /// Nothing acts in a process that has ended.
+    void Drive(const std::function<void()>& act);
+    /// Lets time pass.
+    void RunFor(std::chrono::milliseconds span);
+};
+
+}  // namespace corvane::simulated

@@ -1,0 +1,45 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/language_runtime.h"
+#include "simulated/call_record.h"
+
+namespace corvane::simulated {
+
+/// The end of the simulated process. It is no failure and nothing in the system catches it.
+struct ProcessEnded {};
+
+/// Keys, programs and the process itself. Operations that can be told to fail: SendKeys, Shell,
+/// ExecutableFolder.
+class SimulatedRuntime final : public ILanguageRuntime {
+public:
+    explicit SimulatedRuntime(CallRecord& record);
+
+    void SendKeys(const std::string& keys, bool wait) override;
+    void Shell(const std::string& path, ShellWindowStyle style) override;
+    std::string ExecutableFolder() const override;
+    char PathSeparator() const override { return '/'; }
+    void ShowErrorReport(std::int32_t number, const std::string& text) override;
+    [[noreturn]] void End() override;
+
+    /// Where the program is installed; "/opt/corvane" at first.
+    void SetExecutableFolder(std::string folder) { folder_ = std::move(folder); }
+    /// Makes a command line startable.
+    void Install(const std::string& program) { installed_.insert(program); }
+    /// What was started, in order.
+    [[nodiscard]] const std::vector<std::string>& Started() const { return started_; }
+    [[nodiscard]] bool Ended() const { return ended_; }
+
+private:
+    CallRecord& record_;
+    std::string folder_ = "/opt/corvane";
+    std::set<std::string> installed_;
+    std::vector<std::string> started_;
+    bool ended_ = false;
+};
+
+}  // namespace corvane::simulated
