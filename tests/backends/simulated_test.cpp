@@ -1,0 +1,77 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include "simulated/simulated_desktop.h"
+#include "simulated/spoken_grammar.h"
+#include "support/desk.h"
+#include "support/expect_error.h"
+
+namespace corvane::simulated {
+namespace {
+
+using namespace std::chrono_literals;
+using corvane::testing::GrammarOf;
+using corvane::testing::SimpleRule;
+
+TEST(SimulatedDesktop, ACallIsRecordedWithItsTimeOnceTimeHasMoved) {
+    SimulatedDesktop desktop;
+    desktop.runtime.SendKeys("^c", true);
+    desktop.RunFor(1200ms);
+    desktop.runtime.SendKeys("y", false);
+    EXPECT_EQ(desktop.record.Transcript(), "SendKeys ^c wait\nt=1200 SendKeys y\n");
+}
+
+TEST(SimulatedDesktop, AnOperationCanBeToldToFailAfterSomeCallsAndToWorkAgain) {
+    SimulatedDesktop desktop;
+    desktop.runtime.Install("/p.exe");
+    desktop.record.Fail("Shell", kPermissionDenied, 1);
+    desktop.runtime.Shell("/p.exe", kNormalFocus);
+    EXPECT_ERROR(kPermissionDenied, (desktop.runtime.Shell("/p.exe", kNormalFocus), 0));
+    desktop.record.Heal("Shell");
+    desktop.runtime.Shell("/p.exe", kNormalFocus);
+    EXPECT_EQ(desktop.runtime.Started().size(), 2U);
+}
+
+TEST(SimulatedDesktop, NothingRunsInAProcessThatHasEnded) {
+    SimulatedDesktop desktop;
+    desktop.queue.Post([&] { desktop.runtime.End(); });
+    desktop.queue.Post([&] { desktop.runtime.SendKeys("y", true); });
+    desktop.RunFor(1ms);
+    desktop.RunFor(1ms);
+    EXPECT_TRUE(desktop.runtime.Ended());
+    EXPECT_EQ(desktop.record.Transcript(), "End\n");
+}
+
+TEST(SimulatedDesktop, OnlyInstalledProgramsStart) {
+    SimulatedDesktop desktop;
+    EXPECT_ERROR(kFileNotFound, (desktop.runtime.Shell("/p.exe", kNormalFocus), 0));
+    EXPECT_ERROR(kFileNotFound, (desktop.runtime.Shell("", kNormalFocus), 0));
+}
+
+TEST(SpokenGrammar, AcceptsEverySayingOfARuleAndNoOther) {
+    const auto rules =
+        ParseGrammar(GrammarOf("<RULE NAME=\"read\" TOPLEVEL=\"ACTIVE\"><O>please</O><P>read</P>"
+                               "<O><L><P>the</P><P>all the</P></L></O><P>text</P></RULE>"));
+    ASSERT_TRUE(rules);
+    const SpokenRule& rule = rules->front();
+    EXPECT_EQ(rule.Sayings().size(), 6U);
+    for (const std::string& saying : rule.Sayings()) EXPECT_TRUE(rule.Accepts(saying)) << saying;
+    EXPECT_FALSE(rule.Accepts("read the"));
+    EXPECT_FALSE(rule.Accepts("read texts"));
+    EXPECT_FALSE(rule.Accepts("readtext"));
+    EXPECT_FALSE(rule.Accepts(""));
+}
+
+TEST(SpokenGrammar, WhatIsNotTheDialectIsNoGrammar) {
+    const std::string good = SimpleRule("one", "first");
+    EXPECT_TRUE(ParseGrammar(GrammarOf(good)));
+    for (const std::string& rules :
+         {good + good, SimpleRule("", "first"), SimpleRule("one", ""), SimpleRule("a\"b", "ab"),
+          SimpleRule("one", "a < b"), SimpleRule("one", "a & b"), SimpleRule("one", "<Q>a</Q>"),
+          SimpleRule("one", "<L></L>"), std::string("<RULE NAME=\"one\"></RULE>"),
+          std::string("words"), good + "</GRAMMAR>"})
+        EXPECT_FALSE(ParseGrammar(GrammarOf(rules))) << rules;
+}
+
+}  // namespace
+}  // namespace corvane::simulated
