@@ -9,6 +9,7 @@
 
 #include "platform/controls.h"
 #include "simulated/call_record.h"
+#include "simulated/virtual_queue.h"
 
 namespace corvane::simulated {
 
@@ -20,22 +21,38 @@ struct ShownText {
     TextPeerEvents events;
 };
 
-/// A window as a person sees it.
+struct ShownButton {
+    bool visible = true;
+    ButtonPeerEvents events;
+};
+
+/// A window as a person sees it. Controls are found by their names.
 struct ShownWindow {
+    template <class Shown>
+    using ByName = std::map<std::string, Shown, std::less<>>;
+
     bool visible = false;
-    std::string caption;
-    int client_width = 0, client_height = 0;   // twips
+    bool modal = false;
+    WindowDescription description;
+    BorderStyle border = BorderStyle::FixedSingle;
+    HWND handle = 0;
+    std::string focus;                         // the control that has it
     std::vector<ControlDescription> controls;  // in order of creation
-    std::map<std::string, ShownText, std::less<>> texts;
     std::vector<MenuDescription> menus;
-    std::map<std::string, std::function<void()>, std::less<>> menu_clicks;
+    ByName<ShownText> texts;
+    ByName<ShownButton> buttons;
+    ByName<std::int32_t> ranges;
+    ByName<std::string> captions;
+    ByName<std::string> pictures;
+    ByName<std::function<void()>> menu_clicks;
     WindowPeerEvents events;
 };
 
 /// A toolkit of windows in memory, and the hands of the person in front of them.
 class CellWindows final : public IWindowToolkit {
 public:
-    explicit CellWindows(CallRecord& record);
+    /// `queue` runs while a window is modal.
+    CellWindows(CallRecord& record, VirtualQueue& queue);
 
     std::unique_ptr<IWindowPeer> CreateWindow(const WindowDescription& description,
                                               WindowPeerEvents events) override;
@@ -46,11 +63,15 @@ public:
 
     /// A person puts the caret at the end of a text control and types.
     void Type(const std::string& window, const std::string& control, const std::string& text);
+    void Click(const std::string& window, const std::string& button);
+    /// A person gives a button the focus and strikes a key of that code.
+    void StrikeOn(const std::string& window, const std::string& button, std::int16_t code);
     void ClickMenu(const std::string& window, const std::string& menu);
     void CloseByFrame(const std::string& window);
 
 private:
     CallRecord& record_;
+    VirtualQueue& queue_;
     std::map<std::string, std::shared_ptr<ShownWindow>> windows_;
 };
 

@@ -8,7 +8,9 @@
 #include "simulated/call_record.h"
 #include "simulated/cell_windows.h"
 #include "simulated/memory_files.h"
+#include "simulated/memory_registry.h"
 #include "simulated/simulated_runtime.h"
+#include "simulated/simulated_shell.h"
 #include "simulated/simulated_speech.h"
 #include "simulated/virtual_queue.h"
 
@@ -20,9 +22,13 @@ public:
     VirtualQueue queue;
     CallRecord record{[this] { return queue.Now(); }};
     MemoryFiles files{record};
-    CellWindows windows{record};
+    CellWindows windows{record, queue};
     SimulatedRuntime runtime{record};
     SimulatedSpeech speech{record, files, queue};
+    SimulatedAutomation automation{record};
+    MemoryRegistry registry{record};
+    SimulatedTray tray{record};
+    SimulatedUser32 user32{record};
 
     [[nodiscard]] Platform AsPlatform();
 

@@ -22,6 +22,12 @@ std::string SimulatedRuntime::ExecutableFolder() const {
     return folder_;
 }
 
+void SimulatedRuntime::MsgBox(const std::string& prompt, MsgBoxStyle style,
+                              const std::string& title) {
+    record_.Call("MsgBox", "\"" + prompt + "\" " + std::to_string(style) + " \"" + title + "\"");
+    OnMsgBox();
+}
+
 void SimulatedRuntime::ShowErrorReport(std::int32_t number, const std::string& text) {
     record_.Call("ShowErrorReport", std::to_string(number) + " " + text);
 }

@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -23,8 +24,12 @@ public:
     void Shell(const std::string& path, ShellWindowStyle style) override;
     std::string ExecutableFolder() const override;
     char PathSeparator() const override { return '/'; }
+    void MsgBox(const std::string& prompt, MsgBoxStyle style, const std::string& title) override;
     void ShowErrorReport(std::int32_t number, const std::string& text) override;
     [[noreturn]] void End() override;
+
+    /// What a person does when a message box stands there; just presses OK at first.
+    std::function<void()> OnMsgBox = [] {};
 
     /// Where the program is installed; "/opt/corvane" at first.
     void SetExecutableFolder(std::string folder) { folder_ = std::move(folder); }

@@ -4,26 +4,13 @@
 #include <utility>
 
 #include "simulated/simulated_context.h"
+#include "simulated/simulated_voice.h"
 
 namespace corvane::simulated {
 namespace {
 
 constexpr std::int64_t kBytesPerMillisecond = 32;
-
-class SimulatedVoice final : public ISpeechVoice {
-public:
-    explicit SimulatedVoice(CallRecord& record) : record_(record) {}
-
-    std::int32_t EventInterests() const override { return interests_; }
-    void SetEventInterests(std::int32_t Mask) override {
-        record_.Call("voice.EventInterests", std::to_string(Mask));
-        interests_ = Mask;
-    }
-
-private:
-    CallRecord& record_;
-    std::int32_t interests_ = 0;
-};
+constexpr std::int32_t kStream = 1;
 
 }  // namespace
 
@@ -32,13 +19,15 @@ SimulatedSpeech::SimulatedSpeech(CallRecord& record, MemoryFiles& files, Virtual
 
 std::shared_ptr<ISpeechRecoContext> SimulatedSpeech::CreateSpSharedRecoContext() {
     record_.Call("CreateSpSharedRecoContext");
+    if (contexts_.empty()) stream_begin_ = queue_.Now();
     auto context = std::make_shared<SimulatedContext>(record_, files_);
     contexts_.push_back(context);
     return context;
 }
 
-std::shared_ptr<ISpeechVoice> SimulatedSpeech::CreateVoice() {
-    return std::make_shared<SimulatedVoice>(record_);
+std::shared_ptr<ISpeechVoice> SimulatedSpeech::CreateSpVoice() {
+    record_.Call("CreateSpVoice");
+    return std::make_shared<SimulatedVoice>(record_, queue_);
 }
 
 bool SimulatedSpeech::Say(const std::string& phrase, SpeechEngineConfidence confidence) {
@@ -47,14 +36,42 @@ bool SimulatedSpeech::Say(const std::string& phrase, SpeechEngineConfidence conf
         const std::string rule = context->RuleFor(phrase);
         if (rule.empty()) continue;
         heard = true;
-        Raise(context, phrase, rule, confidence);
+        RaiseRecognition(context, MakeResult(record_, phrase, rule, confidence));
     }
     return heard;
 }
 
 void SimulatedSpeech::Claim(const std::string& phrase, const std::string& rule,
                             SpeechEngineConfidence confidence) {
-    for (const auto& context : Contexts()) Raise(context, phrase, rule, confidence);
+    for (const auto& context : Contexts())
+        RaiseRecognition(context, MakeResult(record_, phrase, rule, confidence));
+}
+
+void SimulatedSpeech::Guess(const std::string& phrase, const std::string& rule,
+                            SpeechEngineConfidence confidence) {
+    auto result = MakeResult(record_, phrase, rule, confidence);
+    RaiseToAll(SREHypothesis, [position = Position(), result](const SpeechRecoContextEvents& to) {
+        if (to.Hypothesis) to.Hypothesis(kStream, position, result);
+    });
+}
+
+void SimulatedSpeech::Level(std::int32_t level) {
+    RaiseToAll(SREAudioLevel, [position = Position(), level](const SpeechRecoContextEvents& to) {
+        if (to.AudioLevel) to.AudioLevel(kStream, position, level);
+    });
+}
+
+void SimulatedSpeech::Trouble(std::int32_t interference) {
+    RaiseToAll(SREInterference,
+               [position = Position(), interference](const SpeechRecoContextEvents& to) {
+                   if (to.Interference) to.Interference(kStream, position, interference);
+               });
+}
+
+void SimulatedSpeech::Adapted() {
+    RaiseToAll(SREAdaptation, [position = Position()](const SpeechRecoContextEvents& to) {
+        if (to.Adaptation) to.Adaptation(kStream, position);
+    });
 }
 
 std::vector<std::shared_ptr<SimulatedContext>> SimulatedSpeech::Contexts() const {
@@ -64,16 +81,27 @@ std::vector<std::shared_ptr<SimulatedContext>> SimulatedSpeech::Contexts() const
     return alive;
 }
 
-void SimulatedSpeech::Raise(const std::shared_ptr<SimulatedContext>& context,
-                            const std::string& phrase, const std::string& rule,
-                            SpeechEngineConfidence confidence) {
-    const Variant position = queue_.Now().count() * kBytesPerMillisecond;
-    auto result = MakeResult(record_, phrase, rule, confidence);
-    queue_.Post([weak = std::weak_ptr(context), position, result] {
+Variant SimulatedSpeech::Position() const {
+    return (queue_.Now() - stream_begin_).count() * kBytesPerMillisecond;
+}
+
+void SimulatedSpeech::RaiseRecognition(const std::shared_ptr<SimulatedContext>& context,
+                                       const std::shared_ptr<ISpeechRecoResult>& result) {
+    Raise(context, SRERecognition,
+          [position = Position(), result](const SpeechRecoContextEvents& to) {
+              if (to.Recognition) to.Recognition(kStream, position, SRTStandard, result);
+          });
+}
+
+void SimulatedSpeech::RaiseToAll(std::int32_t interest, const Delivery& deliver) {
+    for (const auto& context : Contexts()) Raise(context, interest, deliver);
+}
+
+void SimulatedSpeech::Raise(const std::shared_ptr<SimulatedContext>& context, std::int32_t interest,
+                            Delivery deliver) {
+    queue_.Post([weak = std::weak_ptr(context), interest, deliver = std::move(deliver)] {
         const auto alive = weak.lock();
-        if (!alive || (alive->EventInterests() & SRERecognition) == 0) return;
-        if (const auto handler = alive->Handlers().Recognition)
-            handler(1, position, SRTStandard, result);
+        if (alive && (alive->EventInterests() & interest) != 0) deliver(alive->Handlers());
     });
 }
 

@@ -16,7 +16,7 @@ void VirtualQueue::DispatchThrough(std::function<void(const Message&)> run) {
 }
 
 void VirtualQueue::DoEvents() {
-    while (!messages_.empty() && messages_.begin()->first.first <= now_) DispatchFirst();
+    while (!messages_.empty() && messages_.begin()->first.first <= now_) RunNext();
 }
 
 void VirtualQueue::Run() {
@@ -25,15 +25,13 @@ void VirtualQueue::Run() {
 
 void VirtualQueue::RunFor(std::chrono::milliseconds span) {
     const auto end = now_ + span;
-    while (!messages_.empty() && messages_.begin()->first.first <= end) {
-        // A handler that waits may have moved the clock beyond the next message's time.
-        now_ = std::max(now_, messages_.begin()->first.first);
-        DispatchFirst();
-    }
+    while (!messages_.empty() && messages_.begin()->first.first <= end) RunNext();
     now_ = std::max(now_, end);
 }
 
-void VirtualQueue::DispatchFirst() {
+void VirtualQueue::RunNext() {
+    // A handler that blocks may have moved the clock beyond the next message's time.
+    now_ = std::max(now_, messages_.begin()->first.first);
     const Message message = std::move(messages_.begin()->second);
     messages_.erase(messages_.begin());
     run_(message);

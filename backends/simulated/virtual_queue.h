@@ -24,12 +24,15 @@ public:
 
     /// Lets that much time pass and runs all that falls due, each at its own time.
     void RunFor(std::chrono::milliseconds span);
+    /// Lets time pass to the next message and runs it. There must be one.
+    void RunNext();
+    /// Lets time pass without running anything, as a call that blocks does.
+    void Block(std::chrono::milliseconds span) { now_ += span; }
+    [[nodiscard]] bool Empty() const { return messages_.empty(); }
     [[nodiscard]] std::chrono::milliseconds Now() const { return now_; }
     void Clear() { messages_.clear(); }
 
 private:
-    void DispatchFirst();
-
     std::chrono::milliseconds now_{0};
     std::uint64_t posted_ = 0;
     std::map<std::pair<std::chrono::milliseconds, std::uint64_t>, Message> messages_;

@@ -5,6 +5,8 @@
 
 #include "core/recogniser.h"
 #include "core/recognition_dispatch.h"
+#include "core/recognition_feedback.h"
+#include "core/startup.h"
 #include "core/text_log.h"
 #include "desktop/keyword_launcher.h"
 #include "grammar/data_paths.h"
@@ -13,6 +15,10 @@
 #include "runtime/forms/form.h"
 #include "runtime/message_loop.h"
 #include "shell/form2.h"
+#include "shell/form4.h"
+#include "shell/help_page.h"
+#include "shell/tray_icon.h"
+#include "speech/speaker.h"
 
 namespace corvane {
 
@@ -29,7 +35,8 @@ public:
 
 private:
     [[nodiscard]] std::shared_ptr<Form2> CreateForm2();
-    void Form2_Load();
+    [[nodiscard]] std::shared_ptr<Form4> CreateForm4();
+    void BindRecogniser();
 
     Platform platform_;
     MessageLoop loop_;
@@ -38,9 +45,15 @@ private:
     KeywordStore keywords_;
     Recogniser recogniser_;
     forms::Lazy<Form2> form2_;
+    forms::Lazy<Form4> form4_;
+    Speaker speaker_;
+    TrayIcon tray_;
+    HelpPage help_page_;
     TextLog log_;
     KeywordLauncher launcher_;
     RecognitionDispatch dispatch_;
+    RecognitionFeedback feedback_;
+    Startup startup_;
 };
 
 }  // namespace corvane

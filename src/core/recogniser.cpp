@@ -34,10 +34,14 @@ void Recogniser::init_rec(const std::string& myxfile) {
     // One call for all: no rule here bears an Id, and Id 0 activates every rule marked active. A
     // grammar with Ids would have its last rule alone.
     step([&] { Grammar_->CmdSetRuleIdState(Id.rep(), SGDSActive); });
-    step([&] { rc_->SetEventInterests(kInterests); });
+    step([&] { RestoreInterests(); });
     step([&] { voice_->SetEventInterests(SVEAudioLevel); });
     step([&] { HypothesisTrace = false; });
     step([&] { DictationActive = false; });
+}
+
+void Recogniser::RestoreInterests() {
+    rc_->SetEventInterests(kInterests);
 }
 
 void Recogniser::ReplaceContext(std::shared_ptr<ISpeechRecoContext> context) {

@@ -29,6 +29,9 @@ public:
     /// with a file that can't be loaded the system is awake and hears no command.
     void init_rec(const std::string& myxfile);
 
+    /// Asks for the events of every day again, after more were asked for. Raises without a context.
+    void RestoreInterests();
+
 private:
     void ReplaceContext(std::shared_ptr<ISpeechRecoContext> context);
 

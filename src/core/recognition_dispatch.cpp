@@ -16,20 +16,37 @@ struct RuleTable {
     using Dispatch = const RecognitionDispatch;
     struct Row {
         std::string_view RuleName;
-        void (*act)(Dispatch& self);
+        void (*act)(Dispatch& self, const ResumeNext& step);
     };
 
+    static void Type(Dispatch& self, const ResumeNext& step, const char* keys) {
+        step([&] { self.runtime_.SendKeys(keys, true); });
+    }
+
     static constexpr std::array kRows = std::to_array<Row>({
-        {"copy", [](Dispatch& self) { self.runtime_.SendKeys("^c", true); }},
-        {"paste", [](Dispatch& self) { self.runtime_.SendKeys("^v", true); }},
-        {"yes", [](Dispatch& self) { self.runtime_.SendKeys("y", true); }},
-        {"no", [](Dispatch& self) { self.runtime_.SendKeys("n", true); }},
-        {"cancel", [](Dispatch& self) { self.runtime_.SendKeys("{ESC}", true); }},
-        {"okay", [](Dispatch& self) { self.runtime_.SendKeys("{ENTER}", true); }},
-        {"clean whiteboard", [](Dispatch& self) { self.main_window_->Text3.SetText(""); }},
-        {"disable", [](Dispatch& self) { self.recogniser_.init_rec(self.paths_.QuietXmlPath); }},
+        {"hide corvane", [](auto& self, auto& step) { step([&] { self.tray_.HideToTray(); }); }},
+        {"show corvane", [](auto& self, auto& step) { step([&] { self.tray_.ShowFromTray(); }); }},
+        {"copy", [](auto& self, auto& step) { Type(self, step, "^c"); }},
+        {"paste", [](auto& self, auto& step) { Type(self, step, "^v"); }},
+        {"yes", [](auto& self, auto& step) { Type(self, step, "y"); }},
+        {"no", [](auto& self, auto& step) { Type(self, step, "n"); }},
+        {"cancel", [](auto& self, auto& step) { Type(self, step, "{ESC}"); }},
+        {"okay", [](auto& self, auto& step) { Type(self, step, "{ENTER}"); }},
+        {"clean whiteboard",
+         [](auto& self, auto& step) { step([&] { self.main_window_->Text3.SetText(""); }); }},
+        {"close corvane",
+         [](auto& self, auto& step) {
+             self.speaker_.SayGoodbye(step);
+             self.runtime_.End();
+         }},
+        {"disable",
+         [](auto& self, auto& step) {
+             step([&] { self.recogniser_.init_rec(self.paths_.QuietXmlPath); });
+         }},
         {"reenable",
-         [](Dispatch& self) { self.recogniser_.init_rec(self.paths_.KeywordsXmlPath); }},
+         [](auto& self, auto& step) {
+             step([&] { self.recogniser_.init_rec(self.paths_.KeywordsXmlPath); });
+         }},
     });
 
     [[nodiscard]] static const Row* Find(std::string_view RuleName) {
@@ -40,14 +57,17 @@ struct RuleTable {
 
 RecognitionDispatch::RecognitionDispatch(ILanguageRuntime& runtime, const DataPaths& paths,
                                          Recogniser& recogniser, Nullable<ISpeechVoice>& voice,
-                                         const KeywordLauncher& launcher,
-                                         forms::Lazy<Form2>& main_window, TextLog& log)
+                                         Speaker& speaker, const KeywordLauncher& launcher,
+                                         forms::Lazy<Form2>& main_window, TrayIcon& tray,
+                                         TextLog& log)
     : runtime_(runtime),
       paths_(paths),
       recogniser_(recogniser),
       voice_(voice),
+      speaker_(speaker),
       launcher_(launcher),
       main_window_(main_window),
+      tray_(tray),
       log_(log) {}
 
 void RecognitionDispatch::RC_Recognition(Long StreamNumber, const Variant& StreamPosition,
@@ -61,16 +81,17 @@ void RecognitionDispatch::RC_Recognition(Long StreamNumber, const Variant& Strea
     // Only high confidence passes; one that can't be read counts as too low.
     if (step.test([&] { return Result.PhraseInfo()->Rule()->Confidence() < SECHighConfidence; })) {
         step([&] {
-            log_.Append(RecognitionLine(StreamNumber, StreamPosition, Result, kThrownOut));
+            log_.Append(
+                ResultLine(StreamNumber, StreamPosition, "Recognition", Result, kThrownOut));
         });
         step([&] { Result.DiscardResultInfo(SDTAll); });
         return;
     }
-    step([&] { log_.Append(RecognitionLine(StreamNumber, StreamPosition, Result)); });
+    step([&] { log_.Append(ResultLine(StreamNumber, StreamPosition, "Recognition", Result)); });
     // A command ends the marking of words that a reading had switched on.
     step([&] { voice_->SetEventInterests(SVEAudioLevel); });
 
-    if (const auto* row = RuleTable::Find(RuleName)) step([&] { row->act(*this); });
+    if (const auto* row = RuleTable::Find(RuleName)) row->act(*this, step);
 
     // After every row, by the text and not by the rule.
     launcher_.RunKeywordsIn(PhraseText, step);

@@ -12,6 +12,8 @@
 #include "runtime/forms/form.h"
 #include "runtime/nullable.h"
 #include "shell/form2.h"
+#include "shell/tray_icon.h"
+#include "speech/speaker.h"
 
 namespace corvane {
 
@@ -20,8 +22,9 @@ namespace corvane {
 class RecognitionDispatch {
 public:
     RecognitionDispatch(ILanguageRuntime& runtime, const DataPaths& paths, Recogniser& recogniser,
-                        Nullable<ISpeechVoice>& voice, const KeywordLauncher& launcher,
-                        forms::Lazy<Form2>& main_window, TextLog& log);
+                        Nullable<ISpeechVoice>& voice, Speaker& speaker,
+                        const KeywordLauncher& launcher, forms::Lazy<Form2>& main_window,
+                        TrayIcon& tray, TextLog& log);
 
     /// The handler of the recogniser's final event. It never raises.
     void RC_Recognition(Long StreamNumber, const Variant& StreamPosition, Long RecognitionType,
@@ -34,8 +37,10 @@ private:
     const DataPaths& paths_;
     Recogniser& recogniser_;
     Nullable<ISpeechVoice>& voice_;
+    Speaker& speaker_;
     const KeywordLauncher& launcher_;
     forms::Lazy<Form2>& main_window_;
+    TrayIcon& tray_;
     TextLog& log_;
 };
 

@@ -5,15 +5,14 @@
 
 namespace corvane {
 
-std::string RecognitionLine(Long StreamNumber, const Variant& StreamPosition,
-                            const ISpeechRecoResult& Result, std::string_view suffix) {
-    std::string line = CStr(StreamNumber) + ", " + CStr(StreamPosition) + ", Recognition, ";
+std::string ResultLine(Long StreamNumber, const Variant& StreamPosition, std::string_view kind,
+                       const ISpeechRecoResult& Result, std::string_view suffix) {
+    std::string line = CStr(StreamNumber) + ", " + CStr(StreamPosition) + ", ";
     // The second blank behind the comma is deliberate.
-    line += " [Text=" + Result.PhraseInfo()->GetText(0, -1, true) + "]";
+    line.append(kind).append(", ").append(" [Text=");
+    line += Result.PhraseInfo()->GetText(0, -1, true) + "]";
     line += " [Confidence=" + CStr(Long(Result.PhraseInfo()->Rule()->Confidence())) + "]";
-    line += suffix;
-    line += kCrLf;
-    return line;
+    return line.append(suffix).append(kCrLf);
 }
 
 }  // namespace corvane

@@ -10,11 +10,12 @@
 namespace corvane {
 
 inline constexpr std::string_view kThrownOut = " (THROWN OUT)";
+inline constexpr std::string_view kHypothesisIgnored = " (HYPOTHESIS IGNORED)";
 
-/// The log's line for one recognition, line end included. Text and confidence are fetched from the
-/// result; when they can't be, this raises.
-[[nodiscard]] std::string RecognitionLine(Long StreamNumber, const Variant& StreamPosition,
-                                          const ISpeechRecoResult& Result,
-                                          std::string_view suffix = {});
+/// The log's line for one result, line end included; `kind` is "Recognition" or "Hypothesis". Text
+/// and confidence are fetched from the result; when they can't be, this raises.
+[[nodiscard]] std::string ResultLine(Long StreamNumber, const Variant& StreamPosition,
+                                     std::string_view kind, const ISpeechRecoResult& Result,
+                                     std::string_view suffix = {});
 
 }  // namespace corvane

@@ -61,4 +61,35 @@ void KeywordStore::Reload() {
     KeywordPaths = LoadKeywordPaths();
 }
 
+void KeywordStore::CreateKeywordsTXT() {
+    files_.CreateTextFile(paths_.KeywordsTxtPath, true)->Close();
+}
+
+void KeywordStore::SaveKeywordsTXT(const std::vector<KeywordRow>& rows) {
+    const auto stream = files_.CreateTextFile(paths_.KeywordsTxtPath, true);
+    for (const KeywordRow& row : rows) {
+        stream->WriteLine(row.text);
+        for (const std::string& sub_item : row.sub_items)
+            if (!sub_item.empty()) stream->WriteLine(sub_item);
+    }
+    stream->Close();
+    Reload();
+}
+
+void KeywordStore::RemoveKeywordLines(const std::string& keyword, const std::string& path) {
+    const auto source = files_.OpenTextFile(paths_.KeywordsTxtPath, ForReading, false);
+    std::vector<std::string> kept;
+    while (!source->AtEndOfStream()) {
+        std::string line = source->ReadLine();
+        if (line != keyword && line != path) kept.push_back(std::move(line));
+    }
+    source->Close();
+
+    const auto stream = files_.CreateTextFile(paths_.KeywordsTxtPath, true);
+    for (const std::string& line : kept)
+        if (!line.empty()) stream->WriteLine(line);
+    stream->Close();
+    Reload();
+}
+
 }  // namespace corvane

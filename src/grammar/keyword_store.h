@@ -27,6 +27,13 @@ private:
     std::vector<std::string> elements_{std::string(), std::string()};
 };
 
+/// One row of the list in which the user keeps the keywords: its text, and the texts of its further
+/// columns, of which there is one, the path.
+struct KeywordRow {
+    std::string text;
+    std::vector<std::string> sub_items;
+};
+
 /// What the user has taught the system: spoken keywords and the programs that they start. Name and
 /// path of an entry are tied by their index alone.
 class KeywordStore {
@@ -44,6 +51,19 @@ public:
     /// Takes both lists anew, the names first. When the paths can't be read the names are new
     /// already.
     void Reload();
+
+    // The writers truncate the file in place: a failure in the middle leaves a shorter store.
+
+    /// Makes the file, or empties it. The lists stay as they are.
+    void CreateKeywordsTXT();
+
+    /// Writes the rows anew and reloads. A row whose path is empty leaves its keyword alone in the
+    /// file.
+    void SaveKeywordsTXT(const std::vector<KeywordRow>& rows);
+
+    /// Takes every line out that equals the keyword or the path, wherever it stands and whoever else
+    /// needs it, and every blank line with them; then reloads.
+    void RemoveKeywordLines(const std::string& keyword, const std::string& path);
 
 private:
     IFileSystemObject& files_;

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
-/// The automation objects that the system creates. Here: files read and written line by line.
+/// The automation objects that the system creates: files read and written line by line, and a
+/// browser.
 namespace corvane {
 
 enum IOMode : std::int32_t { ForReading = 1 };
@@ -46,6 +48,27 @@ public:
 
     /// Removes a file; raises kFileNotFound when there is none, kPermissionDenied when it may not.
     virtual void DeleteFile(const std::string& path) = 0;
+};
+
+struct InternetExplorerEvents {
+    std::function<void()> OnQuit;  ///< the person has closed the browser
+};
+
+/// A browser window. Where the desktop's own browser takes its place, OnQuit may never come.
+class IInternetExplorer {
+public:
+    virtual ~IInternetExplorer() = default;
+    virtual void SetVisible(bool visible) = 0;
+    /// Opens a page, given by address or by the path of its file. A missing page is the browser's
+    /// to tell; raises kAutomationError when there is no browser.
+    virtual void Navigate2(const std::string& url) = 0;
+};
+
+class IAutomation {
+public:
+    virtual ~IAutomation() = default;
+    [[nodiscard]] virtual std::shared_ptr<IInternetExplorer> CreateInternetExplorer(
+        InternetExplorerEvents events) = 0;
 };
 
 }  // namespace corvane

@@ -13,6 +13,8 @@ namespace corvane {
 /// Window style of a started program.
 enum ShellWindowStyle : std::int32_t { kNormalFocus = 1 };
 
+enum MsgBoxStyle : std::int32_t { kOkOnly = 0 };
+
 class ILanguageRuntime {
 public:
     virtual ~ILanguageRuntime() = default;
@@ -33,6 +35,10 @@ public:
 
     /// What parts the names in a path.
     [[nodiscard]] virtual char PathSeparator() const = 0;
+
+    /// Shows a message with the buttons of that style, modal: messages run meanwhile. An empty
+    /// title is the program's name.
+    virtual void MsgBox(const std::string& prompt, MsgBoxStyle style, const std::string& title) = 0;
 
     /// Shows the report of an error that no handler has trapped; returns when it was acknowledged.
     virtual void ShowErrorReport(std::int32_t number, const std::string& text) = 0;

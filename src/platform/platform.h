@@ -3,10 +3,14 @@
 
 namespace corvane {
 
+class IAdvapi32;
+class IAutomation;
 class IFileSystemObject;
 class ILanguageRuntime;
 class IMessageQueue;
+class IShell32;
 class ISpeechApi;
+class IUser32;
 class IWindowToolkit;
 
 /// The world, as one backend offers it. The backend owns all of it and outlives the system.
@@ -16,6 +20,10 @@ struct Platform {
     IFileSystemObject& files;
     IWindowToolkit& windows;
     ISpeechApi& speech;
+    IAutomation& automation;
+    IAdvapi32& advapi32;
+    IShell32& shell32;
+    IUser32& user32;
 };
 
 }  // namespace corvane

@@ -36,11 +36,33 @@ enum SpeechRecoEvents : std::int32_t {
     SRERecognition = 16,
     SREHypothesis = 32,
     SREInterference = 1024,
+    SREAdaptation = 8192,
     SREAudioLevel = 65536,
 };
 
 /// Event bits of a voice.
-enum SpeechVoiceEvents : std::int32_t { SVEAudioLevel = 512 };
+enum SpeechVoiceEvents : std::int32_t {
+    SVEEndInputStream = 4,
+    SVEWordBoundary = 32,
+    SVEAudioLevel = 512,
+};
+
+enum SpeechVoiceSpeakFlags : std::int32_t {
+    SVSFlagsAsync = 1,
+    SVSFPurgeBeforeSpeak = 2,
+    SVSFIsXML = 8,
+};
+
+/// Why the engine has trouble hearing.
+enum SpeechInterference : std::int32_t {
+    SINone = 0,
+    SINoise = 1,
+    SINoSignal = 2,
+    SITooLoud = 3,
+    SITooQuiet = 4,
+    SITooFast = 5,
+    SITooSlow = 6,
+};
 
 class ISpeechPhraseRule {
 public:
@@ -106,6 +128,17 @@ struct SpeechRecoContextEvents {
     std::function<void(std::int32_t StreamNumber, const Variant& StreamPosition,
                        std::shared_ptr<ISpeechRecoResult> Result)>
         Hypothesis;
+    /// AudioLevel of the input: 0 to 100.
+    std::function<void(std::int32_t StreamNumber, const Variant& StreamPosition,
+                       std::int32_t AudioLevel)>
+        AudioLevel;
+    /// A SpeechInterference; raised once when a condition begins, SINone when the last one has
+    /// gone.
+    std::function<void(std::int32_t StreamNumber, const Variant& StreamPosition,
+                       std::int32_t Interference)>
+        Interference;
+    /// The engine has taken in what it was given to adapt to.
+    std::function<void(std::int32_t StreamNumber, const Variant& StreamPosition)> Adaptation;
 };
 
 /// A listener on the shared recogniser, released with its last reference.
@@ -129,6 +162,16 @@ public:
     /// Sum of SpeechVoiceEvents.
     [[nodiscard]] virtual std::int32_t EventInterests() const = 0;
     virtual void SetEventInterests(std::int32_t Mask) = 0;
+
+    /// Speaks a text; Flags is a sum of SpeechVoiceSpeakFlags. With SVSFlagsAsync it returns at
+    /// once, with SVSFPurgeBeforeSpeak it cuts off what is being said and what waits to be, with
+    /// SVSFIsXML the text may hold markup, and what can't be markup is read as it stands. Returns
+    /// the number of the stream, rising from 1. Raises only where nothing can be spoken at all.
+    virtual std::int32_t Speak(const std::string& Text, std::int32_t Flags) = 0;
+
+    /// Waits until all that was given to Speak has been heard, at most `msTimeout` milliseconds; no
+    /// message runs meanwhile. Whether it has ended.
+    virtual bool WaitUntilDone(std::int32_t msTimeout) = 0;
 };
 
 /// The engine's objects that can be created. Creation raises when no engine is installed.
@@ -136,6 +179,8 @@ class ISpeechApi {
 public:
     virtual ~ISpeechApi() = default;
     [[nodiscard]] virtual std::shared_ptr<ISpeechRecoContext> CreateSpSharedRecoContext() = 0;
+    /// A voice on the default audio output.
+    [[nodiscard]] virtual std::shared_ptr<ISpeechVoice> CreateSpVoice() = 0;
 };
 
 }  // namespace corvane

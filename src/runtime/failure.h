@@ -33,4 +33,17 @@ public:
     }
 };
 
+/// The regime in which an error jumps to a handler behind which the failing statement runs again.
+/// It ends only when the statement succeeds, or when the handler raises or ends the process.
+template <class Statement, class Handler>
+void retry(Statement&& statement, Handler&& handler) {
+    for (;;) {
+        try {
+            return statement();
+        } catch (const RuntimeError& error) {
+            handler(error);
+        }
+    }
+}
+
 }  // namespace corvane

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "platform/controls.h"
+#include "platform/language_runtime.h"
+#include "runtime/forms/controls.h"
 #include "runtime/forms/form.h"
 #include "runtime/forms/text_box.h"
 #include "runtime/forms/timer.h"
@@ -12,7 +14,7 @@ namespace corvane {
 /// The main window: what the system is doing, its log, its whiteboard, its spoken help.
 class Form2 final : public forms::Form {
 public:
-    Form2(IWindowToolkit& toolkit, MessageLoop& loop);
+    Form2(IWindowToolkit& toolkit, MessageLoop& loop, ILanguageRuntime& runtime);
 
     forms::Fixture List1{*this, "List1"};  // command list
     forms::Fixture Frame2{*this, "Frame2"};
@@ -21,16 +23,17 @@ public:
     forms::Timer Timer1{loop(), std::chrono::milliseconds(1000), true};  // status monitor
     forms::Fixture bkCProg1{*this, "bkCProg1"};
     forms::Fixture Text4{*this, "Text4"};
-    forms::Fixture ProgressBar2{*this, "ProgressBar2"};
-    forms::Fixture Command3{*this, "Command3"};
-    forms::Fixture Command2{*this, "Command2"};
-    forms::TextBox Text3{*this, "Text3"};  // the whiteboard
+    forms::ProgressBar ProgressBar2{*this, "ProgressBar2"};
+    forms::CommandButton Command3{*this, "Command3"};  // Clear
+    forms::CommandButton Command2{*this, "Command2"};  // Read
+    forms::TextBox Text3{*this, "Text3"};              // the whiteboard
     forms::Fixture Frame1{*this, "Frame1"};
-    forms::Fixture Picture1{*this, "Picture1"};
+    forms::PictureBox Picture1{*this, "Picture1"};
     forms::Fixture Label1{*this, "Label1"};
-    forms::Fixture text2{*this, "text2"};
-    forms::Fixture ProgressBar1{*this, "ProgressBar1"};
-    forms::TextBox Text1{*this, "Text1"};  // the recognition log
+    forms::ImageList ImageList1{*this, "ImageList1"};  // tray pictures: closed, open
+    forms::TextBox text2{*this, "text2"};
+    forms::ProgressBar ProgressBar1{*this, "ProgressBar1"};  // microphone level, 0 to 100
+    forms::TextBox Text1{*this, "Text1"};                    // the recognition log
     forms::Fixture bkCProg2{*this, "bkCProg2"};
     forms::Fixture Label10{*this, "Label10"};
     forms::Fixture Label6{*this, "Label6"};
@@ -55,6 +58,12 @@ public:
 
 private:
     void Text1_Change();
+    void Command3_Click();
+    void Command2_KeyDown(Integer KeyCode, Integer Shift);
+    void Command3_KeyDown(Integer KeyCode, Integer Shift);
+    void HandKeyToWhiteboard(Integer KeyCode);
+
+    ILanguageRuntime& runtime_;
 };
 
 }  // namespace corvane

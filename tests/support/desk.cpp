@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <stdexcept>
 #include <utility>
 
@@ -14,8 +15,13 @@ Desk::Desk(const std::string& keywords_txt) {
     desktop.files.Put(kQuietXml, ProjectFile("data/quiet.xml"));
 }
 
-void Desk::Start() {
+void Desk::Launch() {
     desktop.Drive([this] { application_.Run(); });
+}
+
+void Desk::Start() {
+    Launch();
+    desktop.RunFor(std::chrono::seconds(5));
     desktop.record.Clear();
 }
 
@@ -45,9 +51,14 @@ std::string Desk::Log() const {
 }
 
 std::string Desk::Transcript() {
-    std::string transcript = desktop.record.Transcript();
+    std::string transcript =
+        std::regex_replace(desktop.record.Transcript(), std::regex("(^|\n)t=[0-9]+ "), "$1");
     desktop.record.Clear();
     return transcript;
+}
+
+bool Desk::MainWindowVisible() const {
+    return desktop.windows.Exists("Form2") && desktop.windows.Window("Form2").visible;
 }
 
 std::string GrammarOf(const std::string& rules) {

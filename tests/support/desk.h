@@ -18,6 +18,9 @@ public:
 
     simulated::SimulatedDesktop desktop;
 
+    /// The process entry, and no time passes behind it.
+    void Launch();
+    /// Starts the program and waits until the main window has taken the splash's place.
     void Start();
     /// Says a phrase and lets the system act on it. Whether anything listened for it.
     bool Hear(const std::string& phrase, SpeechEngineConfidence confidence = SECHighConfidence);
@@ -29,8 +32,10 @@ public:
     void Teach(const std::string& keyword, const std::string& program);
 
     [[nodiscard]] std::string Log() const;
-    /// Calls since the last look.
+    /// Calls since the last look, without their times.
     std::string Transcript();
+    /// Whether the main window can be seen.
+    [[nodiscard]] bool MainWindowVisible() const;
 
 private:
     Application application_{desktop.AsPlatform()};

@@ -10,11 +10,7 @@ namespace corvane::forms {
 Form::Form(IWindowToolkit& toolkit, MessageLoop& loop, const WindowDescription& description)
     : description_(description), loop_(loop) {
     WindowPeerEvents events;
-    events.CloseRequested = [this] {
-        Enter([this] {
-            if (const auto handler = Unload) handler();
-        });
-    };
+    events.CloseRequested = [this] { Enter([this] { Close(); }); };
     window_ = toolkit.CreateWindow(description_, std::move(events));
 }
 
@@ -22,6 +18,23 @@ Form::~Form() = default;
 
 void Form::Show() {
     window_->Show();
+}
+
+void Form::ShowModal() {
+    window_->ShowModal();
+}
+
+void Form::Hide() {
+    window_->Hide();
+}
+
+void Form::SetBorderStyle(BorderStyle style) {
+    window_->SetBorderStyle(style);
+}
+
+void Form::Close() {
+    if (const auto handler = Unload) handler();
+    window_->Hide();
 }
 
 const ControlDescription& Form::Describe(std::string_view name) const {
@@ -34,18 +47,6 @@ const ControlDescription& Form::Describe(std::string_view name) const {
 void Form::Enter(const MessageLoop::Handler& handler) {
     const auto alive = shared_from_this();
     loop_.Enter(handler);
-}
-
-Fixture::Fixture(Form& form, std::string_view name) {
-    form.window().AddFixture(form.Describe(name));
-}
-
-Menu::Menu(Form& form, const MenuDescription& description) {
-    form.window().AddMenu(description, [this, &form] {
-        form.Enter([this] {
-            if (const auto handler = Click) handler();
-        });
-    });
 }
 
 }  // namespace corvane::forms

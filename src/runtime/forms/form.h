@@ -18,10 +18,20 @@ public:
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
 
-    std::function<void()> Load;    ///< raised by the first use of the window, before it can be seen
-    std::function<void()> Unload;  ///< raised when a person closes the window
+    std::function<void()> Load;  ///< raised by the first use of the window, before it can be seen
+    std::function<void()>
+        Unload;  ///< raised when the window is closed, by a person or by the system
 
     void Show();
+    /// Returns when the window is hidden; messages run meanwhile.
+    void ShowModal();
+    void Hide();
+    void SetBorderStyle(BorderStyle style);
+    [[nodiscard]] HWND hWnd() const { return window_->hWnd(); }
+    [[nodiscard]] HICON hIcon() const { return window_->hIcon(); }
+
+    /// Unloads the window: raises Unload, and puts it out of sight.
+    void Close();
 
     /// The row of that name in the window's layout.
     [[nodiscard]] const ControlDescription& Describe(std::string_view name) const;
@@ -40,20 +50,6 @@ private:
     WindowDescription description_;
     MessageLoop& loop_;
     std::unique_ptr<IWindowPeer> window_;
-};
-
-/// A control that stands in its place and shows what its description says.
-class Fixture {
-public:
-    Fixture(Form& form, std::string_view name);
-};
-
-/// An entry of the menu bar.
-class Menu {
-public:
-    Menu(Form& form, const MenuDescription& description);
-
-    std::function<void()> Click;
 };
 
 /// A window that is created and loaded by its first use.

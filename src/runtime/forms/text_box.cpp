@@ -26,6 +26,10 @@ void TextBox::SetText(const std::string& text) {
     if (changed) RaiseChange();
 }
 
+void TextBox::SetFocus() {
+    peer_->SetFocus();
+}
+
 void TextBox::SetSelStart(Long start) {
     if (start < 0) throw RuntimeError(kInvalidPropertyValue, "Invalid property value");
     sel_start_ = std::min(start, Len(text_));

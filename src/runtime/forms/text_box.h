@@ -28,6 +28,8 @@ public:
     /// The caret moves to the start.
     void SetText(const std::string& text);
 
+    void SetFocus();
+
     [[nodiscard]] Long SelStart() const { return sel_start_; }
     /// A place beyond the end is the end; a negative one raises kInvalidPropertyValue. Nothing is
     /// marked afterwards.

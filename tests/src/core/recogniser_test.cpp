@@ -23,6 +23,7 @@ protected:
         };
         desktop.files.Put("/commands.xml",
                           GrammarOf(SimpleRule("one", "first") + SimpleRule("two", "second")));
+        desktop.record.Clear();
     }
     bool Say(const std::string& phrase) {
         const bool listened = desktop.speech.Say(phrase);
@@ -31,7 +32,7 @@ protected:
     }
 
     simulated::SimulatedDesktop desktop;
-    Nullable<ISpeechVoice> voice{desktop.speech.CreateVoice()};
+    Nullable<ISpeechVoice> voice{desktop.speech.CreateSpVoice()};
     Recogniser recogniser{desktop.speech, voice};
     std::string heard;
     std::function<void()> in_handler;

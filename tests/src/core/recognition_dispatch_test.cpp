@@ -15,6 +15,9 @@ using testing::kQuietXml;
 using testing::SimpleRule;
 using namespace std::chrono_literals;
 
+/// What every accepted command asks of the voice first.
+const std::string kAccepted = "voice.EventInterests 512\n";
+
 TEST(RecognitionDispatch, AnAcceptedPhraseWritesItsLineWithTwoBlanksBehindTheWord) {
     Desk desk;
     desk.Start();
@@ -58,7 +61,7 @@ TEST(RecognitionDispatch, KeysGoToWhateverHasTheFocusAndAreWaitedFor) {
         Desk desk;
         desk.Start();
         desk.Hear(phrase);
-        EXPECT_EQ(desk.Transcript(), "SendKeys " + std::string(keys) + " wait\n");
+        EXPECT_EQ(desk.Transcript(), kAccepted + "SendKeys " + std::string(keys) + " wait\n");
     }
 }
 
@@ -78,7 +81,7 @@ TEST(RecognitionDispatch, DisableLeavesOnlyTheQuietGrammarAndEnableBringsTheComm
     EXPECT_TRUE(desk.Hear("enable"));
     desk.Transcript();
     EXPECT_TRUE(desk.Hear("copy"));
-    EXPECT_EQ(desk.Transcript(), "SendKeys ^c wait\n");
+    EXPECT_EQ(desk.Transcript(), kAccepted + "SendKeys ^c wait\n");
 }
 
 TEST(RecognitionDispatch, EnableAtNormalConfidenceIsThrownOutAndTheSystemStaysQuiet) {
@@ -107,7 +110,7 @@ TEST(RecognitionDispatch, ARuleInNoRowStillReachesTheKeywordSearch) {
     desk.Teach("notepad", "/usr/bin/xterm.exe");
     desk.Start();
     desk.Hear("run notepad please");
-    EXPECT_EQ(desk.Transcript(), "Shell /usr/bin/xterm.exe 1\n");
+    EXPECT_EQ(desk.Transcript(), kAccepted + "Shell /usr/bin/xterm.exe 1\n");
 }
 
 TEST(RecognitionDispatch, ACommandThatHoldsAKeywordDoesBothTheRowFirst) {
@@ -118,7 +121,8 @@ TEST(RecognitionDispatch, ACommandThatHoldsAKeywordDoesBothTheRowFirst) {
     desk.Start();
     desk.Hear("copy selected text");
     desk.Hear("clear whiteboard please");
-    EXPECT_EQ(desk.Transcript(), "SendKeys ^c wait\nShell /copier.exe 1\nShell /board.exe 1\n");
+    EXPECT_EQ(desk.Transcript(), kAccepted + "SendKeys ^c wait\nShell /copier.exe 1\n" + kAccepted +
+                                     "Shell /board.exe 1\n");
 }
 
 TEST(RecognitionDispatch, WhatTimeIsItWithAKeywordTimeStartsItsProgram) {
@@ -134,7 +138,7 @@ TEST(RecognitionDispatch, TheSearchGoesByTheTextAndNotByTheRule) {
     desk.Teach("notepad", "/usr/bin/xterm.exe");
     desk.Start();
     desk.HearAs("something else", "notepad");
-    EXPECT_EQ(desk.Transcript(), "");
+    EXPECT_EQ(desk.Transcript(), kAccepted);
 }
 
 TEST(RecognitionDispatch, KeywordsAreSearchedInQuietModeToo) {
@@ -159,7 +163,7 @@ TEST(RecognitionDispatch, RuleNamesAreComparedInTheirExactCase) {
     Desk desk;
     desk.Start();
     desk.HearAs("copy", "Copy");
-    EXPECT_EQ(desk.Transcript(), "");
+    EXPECT_EQ(desk.Transcript(), kAccepted);
     EXPECT_EQ(desk.Log(), "1, 0, Recognition,  [Text=copy] [Confidence=1]\r\n");
 }
 
@@ -179,7 +183,7 @@ TEST(RecognitionDispatch, ATextThatCannotBeFetchedWritesNoLineAndTheRowStillActs
     desk.desktop.record.Fail("GetText", kAutomationError);
     desk.Hear("copy");
     EXPECT_EQ(desk.Log(), "");
-    EXPECT_EQ(desk.Transcript(), "SendKeys ^c wait\n");
+    EXPECT_EQ(desk.Transcript(), kAccepted + "SendKeys ^c wait\n");
 }
 
 TEST(RecognitionDispatch, ARuleNameThatCannotBeFetchedLeavesTheKeywordSearch) {
@@ -188,7 +192,7 @@ TEST(RecognitionDispatch, ARuleNameThatCannotBeFetchedLeavesTheKeywordSearch) {
     desk.Start();
     desk.desktop.record.Fail("Rule.Name", kAutomationError);
     desk.Hear("notepad");
-    EXPECT_EQ(desk.Transcript(), "Shell /usr/bin/xterm.exe 1\n");
+    EXPECT_EQ(desk.Transcript(), kAccepted + "Shell /usr/bin/xterm.exe 1\n");
 }
 
 TEST(RecognitionDispatch, AFailingRowIsPassedOverInSilenceAndTheKeywordsFollow) {
@@ -208,6 +212,69 @@ TEST(RecognitionDispatch, AFailingDiscardIsPassedOver) {
     desk.desktop.record.Fail("DiscardResultInfo", kAutomationError);
     desk.Hear("copy", SECLowConfidence);
     EXPECT_TRUE(desk.Hear("copy"));
+    EXPECT_FALSE(desk.desktop.runtime.Ended());
+}
+
+TEST(RecognitionDispatch, HideAndShowCorvaneMoveTheWindowToTheTrayAndBack) {
+    Desk desk;
+    desk.Start();
+    desk.Hear("hide corvane");
+    EXPECT_FALSE(desk.MainWindowVisible());
+    EXPECT_EQ(desk.desktop.tray.Icons().size(), 1U);
+    desk.Hear("show corvane");
+    EXPECT_TRUE(desk.MainWindowVisible());
+    EXPECT_TRUE(desk.desktop.tray.Icons().empty());
+}
+
+TEST(RecognitionDispatch, ACommandWorksWithTheWindowHidden) {
+    Desk desk;
+    desk.Start();
+    desk.Hear("hide corvane");
+    desk.Transcript();
+    desk.Hear("copy");
+    EXPECT_EQ(desk.Transcript(), kAccepted + "SendKeys ^c wait\n");
+}
+
+TEST(RecognitionDispatch, CloseCorvaneSaysGoodbyeAndEndsWithItsLastSound) {
+    Desk desk;
+    desk.Teach("corvane", "/bird.exe");
+    desk.desktop.files.Put(kKeywordsXml, testing::BuiltinGrammar());
+    desk.Start();
+    desk.Hear("exit corvane");
+    EXPECT_TRUE(desk.desktop.runtime.Ended());
+    // The end comes before the keywords are looked for.
+    EXPECT_EQ(desk.Transcript(), kAccepted +
+                                     "Speak \"<emph>goodbye</emph> \" flags=11\n"
+                                     "WaitUntilDone 1000\n"
+                                     "End\n");
+    EXPECT_EQ(desk.desktop.queue.Now(), 5800ms);
+}
+
+TEST(RecognitionDispatch, CloseCorvaneDuringALongReadingCutsItOffAndIsGoneWithinASecond) {
+    Desk desk;
+    desk.Start();
+    desk.desktop.Drive([&] {
+        desk.desktop.windows.Type("Form2", "Text3", std::string(600, 'a'));
+        desk.desktop.windows.Click("Form2", "Command2");
+    });
+    desk.Hear("quit corvane");
+    EXPECT_TRUE(desk.desktop.runtime.Ended());
+    EXPECT_EQ(desk.desktop.queue.Now(), 5800ms);
+}
+
+TEST(RecognitionDispatch, CloseCorvaneEndsTheProcessEvenWhenNothingCanBeSaid) {
+    Desk desk;
+    desk.Start();
+    desk.desktop.record.Fail("Speak", kAutomationError);
+    desk.desktop.record.Fail("WaitUntilDone", kAutomationError);
+    desk.Hear("close corvane");
+    EXPECT_TRUE(desk.desktop.runtime.Ended());
+}
+
+TEST(RecognitionDispatch, CloseCorvaneBelowHighConfidenceEndsNothing) {
+    Desk desk;
+    desk.Start();
+    desk.Hear("close corvane", SECNormalConfidence);
     EXPECT_FALSE(desk.desktop.runtime.Ended());
 }
 
@@ -231,13 +298,17 @@ protected:
     simulated::SimulatedDesktop desktop;
     MessageLoop loop{desktop.queue, desktop.runtime};
     DataPaths paths;
-    Nullable<ISpeechVoice> voice{desktop.speech.CreateVoice()};
+    Nullable<ISpeechVoice> voice{desktop.speech.CreateSpVoice()};
     KeywordStore keywords{desktop.files, paths};
     Recogniser recogniser{desktop.speech, voice};
-    forms::Lazy<Form2> form2{[this] { return std::make_shared<Form2>(desktop.windows, loop); }};
+    forms::Lazy<Form2> form2{
+        [this] { return std::make_shared<Form2>(desktop.windows, loop, desktop.runtime); }};
     TextLog log{form2};
+    Speaker speaker{voice, form2};
+    TrayIcon tray{desktop.tray, form2};
     KeywordLauncher launcher{keywords, desktop.runtime};
-    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice, launcher, form2, log};
+    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice, speaker,
+                                 launcher,        form2, tray,       log};
 };
 
 TEST_F(DispatchWithVoice, AnAcceptedCommandEndsTheMarkingOfWords) {

@@ -143,5 +143,132 @@ TEST_F(CommandGrammarTest, TheQuietGrammarOffersTheWayBackAndNothingElse) {
     EXPECT_TRUE(rules[0].Accepts("enable"));
 }
 
+class UserRules : public CommandGrammarTest {
+protected:
+    [[nodiscard]] std::string File() const { return desktop.files.Bytes("/k.xml").value(); }
+    void Put(const std::string& text) { desktop.files.Put("/k.xml", text); }
+};
+
+TEST_F(UserRules, AppendingToTheBuiltInTextGives337LinesWithOneEnd) {
+    Put(BuiltinGrammar());
+    grammar.AppendKeywordRule("notepad");
+    EXPECT_EQ(std::ranges::count(File(), '\n'), 337);
+    EXPECT_TRUE(File().ends_with("</RULE>\r\n</GRAMMAR>\r\n"));
+    EXPECT_EQ(File().find("</GRAMMAR>"), File().rfind("</GRAMMAR>"));
+}
+
+TEST_F(UserRules, AnAppendedRuleIsWrittenToTheByte) {
+    Put("<GRAMMAR LANGID=\"409\">\r\n</GRAMMAR>\r\n");
+    grammar.AppendKeywordRule("notepad");
+    EXPECT_EQ(File(),
+              "<GRAMMAR LANGID=\"409\">\r\n"
+              "<RULE NAME=\"notepad\" TOPLEVEL=\"ACTIVE\">\r\n"
+              "      <O>\r\n"
+              "          <L>\r\n"
+              "               <P>Please</P>\r\n"
+              "               <P>Computer</P>\r\n"
+              "               <P>Will you</P>\r\n"
+              "          </L>\r\n"
+              "      </O>\r\n"
+              "      <O>\r\n"
+              "          <L>\r\n"
+              "               <P>run</P>\r\n"
+              "               <P>execute</P>\r\n"
+              "               <P>load</P>\r\n"
+              "          </L>\r\n"
+              "      </O>\r\n"
+              "      <P>notepad</P>\r\n"
+              "      <O>please</O>\r\n"
+              "</RULE>\r\n"
+              "</GRAMMAR>\r\n");
+}
+
+TEST_F(UserRules, TheDeliveredGrammarIsWhatAppendingWrites) {
+    Put(BuiltinGrammar());
+    grammar.AppendKeywordRule("notepad");
+    EXPECT_EQ(File(), testing::ProjectFile("data/keywords.xml"));
+}
+
+TEST_F(UserRules, AppendingAndRemovingGivesThePreviousFileBack) {
+    Put(BuiltinGrammar());
+    grammar.AppendKeywordRule("notepad");
+    grammar.RemoveKeywordRule("notepad");
+    EXPECT_EQ(File(), BuiltinGrammar());
+}
+
+TEST_F(UserRules, RulesFollowInTheOrderOfAdding) {
+    Put("<GRAMMAR LANGID=\"409\">\r\n</GRAMMAR>\r\n");
+    grammar.AppendKeywordRule("zebra");
+    grammar.AppendKeywordRule("ant");
+    const auto rules = simulated::ParseGrammar(File()).value();
+    EXPECT_EQ(rules.at(0).name, "zebra");
+    EXPECT_EQ(rules.at(1).name, "ant");
+}
+
+TEST_F(UserRules, AppendingDropsBlankLinesAndKeepsAnEndWithBlanksAroundIt) {
+    Put("<GRAMMAR LANGID=\"409\">\r\n\r\n </GRAMMAR>\r\n");
+    grammar.AppendKeywordRule("notepad");
+    EXPECT_TRUE(File().starts_with("<GRAMMAR LANGID=\"409\">\r\n </GRAMMAR>\r\n<RULE "));
+}
+
+TEST_F(UserRules, AppendingMakesNoTestOfItsOwn) {
+    Put(BuiltinGrammar());
+    grammar.AppendKeywordRule("notepad");
+    grammar.AppendKeywordRule("notepad");
+    EXPECT_EQ(std::ranges::count(File(), '\n'), 355);
+    EXPECT_FALSE(simulated::ParseGrammar(File()).has_value());
+}
+
+TEST_F(UserRules, NothingIsEscaped) {
+    Put(BuiltinGrammar());
+    grammar.AppendKeywordRule("a \"b\" <c> & d");
+    EXPECT_NE(File().find("<RULE NAME=\"a \"b\" <c> & d\" TOPLEVEL=\"ACTIVE\">\r\n"),
+              std::string::npos);
+    EXPECT_NE(File().find("      <P>a \"b\" <c> & d</P>\r\n"), std::string::npos);
+    EXPECT_FALSE(simulated::ParseGrammar(File()).has_value());
+}
+
+TEST_F(UserRules, RemovingAnUnknownRuleTakesTheFirstLineAndLeavesAllElse) {
+    Put(BuiltinGrammar());
+    grammar.RemoveKeywordRule("notepad");
+    EXPECT_EQ(File(), BuiltinGrammar().substr(BuiltinGrammar().find('\n') + 1));
+}
+
+TEST_F(UserRules, RemovingComparesTheCase) {
+    Put(BuiltinGrammar());
+    grammar.AppendKeywordRule("notepad");
+    const std::string before = File();
+    grammar.RemoveKeywordRule("Notepad");
+    EXPECT_EQ(File(), before.substr(before.find('\n') + 1));
+}
+
+TEST_F(UserRules, OfTwoRulesOfOneNameTheLastIsCutOut) {
+    Put(BuiltinGrammar());
+    grammar.AppendKeywordRule("copy");
+    grammar.AppendKeywordRule("notepad");
+    grammar.RemoveKeywordRule("copy");
+    EXPECT_EQ(File(), testing::ProjectFile("data/keywords.xml"));
+}
+
+TEST_F(UserRules, ARuleWithoutAnEndRepeatsTheLinesInFrontOfIt) {
+    // The head is found, the end is not: all below the head, then all above line 0.
+    Put("1\r\n2\r\n<RULE NAME=\"x\" TOPLEVEL=\"ACTIVE\">\r\n4\r\n");
+    grammar.RemoveKeywordRule("x");
+    EXPECT_EQ(File(), "1\r\n2\r\n2\r\n<RULE NAME=\"x\" TOPLEVEL=\"ACTIVE\">\r\n4\r\n");
+}
+
+TEST_F(UserRules, AMissingFileIsAnErrorAndIsNotMade) {
+    EXPECT_ERROR(kFileNotFound, (grammar.AppendKeywordRule("notepad"), 0));
+    EXPECT_ERROR(kFileNotFound, (grammar.RemoveKeywordRule("notepad"), 0));
+    EXPECT_FALSE(desktop.files.Bytes("/k.xml").has_value());
+}
+
+TEST_F(UserRules, AFailureInTheMiddleLeavesATruncatedFile) {
+    Put(BuiltinGrammar());
+    desktop.record.Fail("WriteLine", kDiskFull, 1);
+    EXPECT_ERROR(kDiskFull, (grammar.AppendKeywordRule("notepad"), 0));
+    EXPECT_EQ(File(), "<GRAMMAR LANGID=\"409\">\r\n");
+}
+
 }  // namespace
 }  // namespace corvane

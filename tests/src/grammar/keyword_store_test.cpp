@@ -125,5 +125,114 @@ TEST_F(KeywordStoreTest, AnElementOutsideTheBoundsIsASubscriptError) {
     EXPECT_ERROR(kSubscriptOutOfRange, store.KeywordNames(-1));
 }
 
+class KeywordStoreWriters : public KeywordStoreTest {
+protected:
+    [[nodiscard]] std::string File() const { return desktop.files.Bytes("/k.txt").value(); }
+};
+
+TEST_F(KeywordStoreWriters, CreatingMakesAFileOfLengthZero) {
+    store.CreateKeywordsTXT();
+    EXPECT_EQ(File(), "");
+}
+
+TEST_F(KeywordStoreWriters, CreatingEmptiesAFileThatWasThereAndLeavesTheLists) {
+    Load("one\r\n/one.exe\r\n");
+    store.CreateKeywordsTXT();
+    EXPECT_EQ(File(), "");
+    EXPECT_EQ(Names(), "[one][]");
+}
+
+TEST_F(KeywordStoreWriters, SavingWritesKeywordAndPathInTurnAndReloads) {
+    Load("old\r\n/old.exe\r\n");
+    store.SaveKeywordsTXT({{"one", {"/one.exe"}}, {"two", {"/two.exe"}}});
+    EXPECT_EQ(File(), "one\r\n/one.exe\r\ntwo\r\n/two.exe\r\n");
+    EXPECT_EQ(Names(), "[one][two][]");
+    EXPECT_EQ(Paths(), "[/one.exe][/two.exe][]");
+}
+
+TEST_F(KeywordStoreWriters, SavingARowWithoutAPathLeavesItsKeywordAlone) {
+    store.SaveKeywordsTXT({{"one", {""}}, {"two", {"/two.exe"}}});
+    EXPECT_EQ(File(), "one\r\ntwo\r\n/two.exe\r\n");
+}
+
+TEST_F(KeywordStoreWriters, BlankLinesSurviveASaveOnlyAsKeywordRows) {
+    store.SaveKeywordsTXT({{"", {"/one.exe"}}});
+    EXPECT_EQ(File(), "\r\n/one.exe\r\n");
+}
+
+TEST_F(KeywordStoreWriters, SavingNoRowsGivesAnEmptyStore) {
+    Load("one\r\n/one.exe\r\n");
+    store.SaveKeywordsTXT({});
+    EXPECT_EQ(File(), "");
+    EXPECT_EQ(Names(), "[][]");
+}
+
+TEST_F(KeywordStoreWriters, RemovingTakesTheEntrysTwoLinesAndReloads) {
+    Load("one\r\n/one.exe\r\ntwo\r\n/two.exe\r\n");
+    store.RemoveKeywordLines("one", "/one.exe");
+    EXPECT_EQ(File(), "two\r\n/two.exe\r\n");
+    EXPECT_EQ(Names(), "[two][]");
+}
+
+TEST_F(KeywordStoreWriters, RemovingAnUnknownKeywordWithAKnownPathStillTakesThePath) {
+    Load("one\r\n/one.exe\r\n");
+    store.RemoveKeywordLines("other", "/one.exe");
+    EXPECT_EQ(File(), "one\r\n");
+}
+
+TEST_F(KeywordStoreWriters, RemovingDropsBlankLinesToo) {
+    Load("\r\none\r\n\r\n/one.exe\r\ntwo\r\n");
+    store.RemoveKeywordLines("two", "/two.exe");
+    EXPECT_EQ(File(), "one\r\n/one.exe\r\n");
+}
+
+TEST_F(KeywordStoreWriters, RemovingOneOfTwoKeywordsOfAProgramTakesBothPaths) {
+    Load("one\r\n/p.exe\r\ntwo\r\n/p.exe\r\n");
+    store.RemoveKeywordLines("one", "/p.exe");
+    EXPECT_EQ(File(), "two\r\n");
+    EXPECT_EQ(Paths(), "[][]");
+}
+
+TEST_F(KeywordStoreWriters, TheStoreHealsByASaveOfTheRowsThatAreLeft) {
+    Load("one\r\n/p.exe\r\ntwo\r\n/p.exe\r\n");
+    store.RemoveKeywordLines("one", "/p.exe");
+    store.SaveKeywordsTXT({{"two", {"/p.exe"}}});
+    EXPECT_EQ(File(), "two\r\n/p.exe\r\n");
+}
+
+TEST_F(KeywordStoreWriters, RemovingComparesWholeLinesWithTheirCase) {
+    Load("One\r\none more\r\n/one.exe\r\n");
+    store.RemoveKeywordLines("one", "/ONE.exe");
+    EXPECT_EQ(File(), "One\r\none more\r\n/one.exe\r\n");
+}
+
+TEST_F(KeywordStoreWriters, RemovingTheLastEntryLeavesAnEmptyStore) {
+    Load("one\r\n/one.exe\r\n");
+    store.RemoveKeywordLines("one", "/one.exe");
+    EXPECT_EQ(File(), "");
+    EXPECT_EQ(Names(), "[][]");
+}
+
+TEST_F(KeywordStoreWriters, AFullDiskInTheMiddleOfASaveLeavesAShorterStore) {
+    Load("one\r\n/one.exe\r\n");
+    desktop.record.Fail("WriteLine", kDiskFull, 1);
+    EXPECT_ERROR(kDiskFull, (store.SaveKeywordsTXT({{"a", {"/a.exe"}}}), 0));
+    EXPECT_EQ(File(), "a\r\n");
+    // The routine was abandoned before its reload.
+    EXPECT_EQ(Names(), "[one][]");
+}
+
+TEST_F(KeywordStoreWriters, AFileThatMayNotBeWrittenStaysAsItIs) {
+    Load("one\r\n/one.exe\r\n");
+    desktop.record.Fail("CreateTextFile", kPermissionDenied);
+    EXPECT_ERROR(kPermissionDenied, (store.RemoveKeywordLines("one", "/one.exe"), 0));
+    EXPECT_EQ(File(), "one\r\n/one.exe\r\n");
+}
+
+TEST_F(KeywordStoreWriters, RemovingFromAMissingFileIsAnErrorAndMakesNone) {
+    EXPECT_ERROR(kFileNotFound, (store.RemoveKeywordLines("one", "/one.exe"), 0));
+    EXPECT_FALSE(desktop.files.Bytes("/k.txt").has_value());
+}
+
 }  // namespace
 }  // namespace corvane

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "runtime/forms/controls.h"
 #include "runtime/forms/form.h"
 #include "runtime/forms/text_box.h"
 #include "simulated/simulated_desktop.h"

@@ -23,13 +23,13 @@ protected:
 
     simulated::SimulatedDesktop desktop;
     MessageLoop loop{desktop.queue, desktop.runtime};
-    std::shared_ptr<Form2> form2 = std::make_shared<Form2>(desktop.windows, loop);
+    std::shared_ptr<Form2> form2 = std::make_shared<Form2>(desktop.windows, loop, desktop.runtime);
 };
 
 TEST_F(Form2Test, HasItsCaptionAndSize) {
-    EXPECT_EQ(Shown().caption, "KT Corvane 3.0");
-    EXPECT_EQ(Shown().client_width, 9360);
-    EXPECT_EQ(Shown().client_height, 6420);
+    EXPECT_EQ(Shown().description.caption, "KT Corvane 3.0");
+    EXPECT_EQ(Shown().description.client_width, 9360);
+    EXPECT_EQ(Shown().description.client_height, 6420);
 }
 
 TEST_F(Form2Test, EveryControlOfTheLayoutThatCanBeSeenIsPutIntoTheWindowInItsOrder) {

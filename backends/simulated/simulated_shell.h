@@ -1,0 +1,59 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/automation.h"
+#include "platform/shell32.h"
+#include "platform/user32.h"
+#include "simulated/call_record.h"
+
+namespace corvane::simulated {
+
+/// A tray that holds any number of icons.
+class SimulatedTray final : public IShell32 {
+public:
+    explicit SimulatedTray(CallRecord& record);
+
+    bool Shell_NotifyIconA(std::uint32_t dwMessage, const NOTIFYICONDATA& data) override;
+
+    [[nodiscard]] const std::vector<NOTIFYICONDATA>& Icons() const { return icons_; }
+
+private:
+    CallRecord& record_;
+    std::vector<NOTIFYICONDATA> icons_;
+};
+
+/// The window system as it answers calls on any window.
+class SimulatedUser32 final : public IUser32 {
+public:
+    explicit SimulatedUser32(CallRecord& record);
+
+    bool ReleaseCapture() override;
+    std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
+                              std::int32_t lParam) override;
+
+private:
+    CallRecord& record_;
+};
+
+/// A browser that a person can close. Operations that can be told to fail: CreateInternetExplorer,
+/// Navigate2.
+class SimulatedAutomation final : public IAutomation {
+public:
+    explicit SimulatedAutomation(CallRecord& record);
+
+    std::shared_ptr<IInternetExplorer> CreateInternetExplorer(
+        InternetExplorerEvents events) override;
+
+    /// A person closes the browser that was opened last.
+    void QuitBrowser();
+
+private:
+    CallRecord& record_;
+    InternetExplorerEvents browser_;
+};
+
+}  // namespace corvane::simulated

@@ -1,0 +1,64 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/startup.h"
+
+namespace corvane {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::int32_t kTicksOfTheSplash = 5;
+
+constexpr std::int32_t kSpFlags = SVSFlagsAsync + SVSFPurgeBeforeSpeak + SVSFIsXML;
+static_assert(kSpFlags == 11);
+
+}  // namespace
+
+Startup::Startup(MessageLoop& loop, const ILanguageRuntime& runtime, ISpeechApi& speech,
+                 DataPaths& paths, KeywordStore& keywords, Recogniser& recogniser,
+                 Nullable<ISpeechVoice>& voice, Speaker& speaker, forms::Lazy<Form2>& main_window,
+                 forms::Lazy<Form4>& splash)
+    : loop_(loop),
+      runtime_(runtime),
+      speech_(speech),
+      paths_(paths),
+      keywords_(keywords),
+      recogniser_(recogniser),
+      voice_(voice),
+      speaker_(speaker),
+      form2_(main_window),
+      form4_(splash) {}
+
+void Startup::Main() {
+    form4_->Command1.SetVisible(false);
+    form4_->SetBorderStyle(BorderStyle::None);
+    form4_->Show();
+    form4_->Timer1.SetInterval(1000ms);
+    form4_->Timer1.SetEnabled(true);
+    loop_.DoEvents();
+}
+
+void Startup::Form4_Timer1_Timer() {
+    loop_.DoEvents();
+    form4_->SplashTicks += 1;
+    // Equal, not at least: a late tick can't hand over a second time.
+    if (form4_->SplashTicks != kTicksOfTheSplash) return;
+    form4_->Timer1.SetEnabled(false);
+    form4_->Hide();
+    form2_->Show();
+    // From here on the same window is the about box.
+    form4_->Command1.SetVisible(true);
+    form4_->SetBorderStyle(BorderStyle::FixedSingle);
+}
+
+void Startup::Form2_Load() {
+    init_constants(runtime_, paths_);
+    recogniser_.HypothesisTrace = false;
+    recogniser_.DictationActive = false;
+    recogniser_.init_rec(paths_.KeywordsXmlPath);
+    voice_ = speech_.CreateSpVoice();
+    speaker_.SpFlags = kSpFlags;
+    keywords_.Reload();
+    form2_->Picture1.SetPicture(form2_->ImageList1.Picture(1));
+}
+
+}  // namespace corvane

@@ -1,0 +1,37 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "platform/user32.h"
+
+/// The desktop shell: the notification area, called the tray.
+namespace corvane {
+
+enum NotifyIconMessage : std::uint32_t { NIM_ADD = 0, NIM_DELETE = 2 };
+
+enum NotifyIconFlags : std::uint32_t { NIF_MESSAGE = 1, NIF_ICON = 2, NIF_TIP = 4 };
+
+/// The record of one icon in the tray, in its single-byte form.
+struct NOTIFYICONDATA {
+    std::uint32_t cbSize = 0;
+    HWND hWnd = 0;
+    std::uint32_t uID = 0;
+    std::uint32_t uFlags = 0;
+    std::uint32_t uCallbackMessage = 0;
+    HICON hIcon = 0;
+    std::array<char, 64> szTip{};
+};
+static_assert(sizeof(NOTIFYICONDATA) == 88);
+
+class IShell32 {
+public:
+    virtual ~IShell32() = default;
+
+    /// Adds the icon, known by hWnd and uID, or takes it away. False when it is there already, or
+    /// is not there, or there is no tray. The icon's tip is szTip up to its NUL.
+    virtual bool Shell_NotifyIconA(std::uint32_t dwMessage, const NOTIFYICONDATA& data) = 0;
+};
+
+}  // namespace corvane
