@@ -1,0 +1,69 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include "linux/linux_platform.h"
+
+#include <QApplication>
+#include <utility>
+
+#include "engine/audio/pulse_capture.h"
+#include "engine/speech_engine.h"
+#include "linux/display.h"
+#include "linux/files/file_system.h"
+#include "linux/linux_runtime.h"
+#include "linux/qt_message_queue.h"
+#include "linux/session/x11_keys.h"
+#include "linux/windows/qt_toolkit.h"
+
+namespace corvane {
+namespace {
+
+using namespace linux_desktop;
+
+/// Qt's own, set up for programs that decide themselves when they end.
+class QtApplication {
+public:
+    QtApplication(int& argc, char** argv) : application_(argc, argv) {
+        QApplication::setApplicationName("corvane");
+        QApplication::setApplicationDisplayName({});
+        QApplication::setQuitOnLastWindowClosed(false);
+    }
+
+private:
+    struct Display {
+        Display() { RequireDisplay(); }
+    } display_;
+    QApplication application_;
+};
+
+}  // namespace
+
+struct LinuxPlatform::World {
+    World(int& argc, char** argv)
+        : qt(argc, argv),
+          runtime(std::make_unique<X11Keys>([this] { messages.DoEvents(); })),
+          speech(
+              SpeechEngineConfig(),
+              [this](std::function<void()> message) { messages.Post(std::move(message)); },
+              std::make_unique<engine::PulseCapture>("KT Corvane")) {}
+
+    QtApplication qt;
+    QtMessageQueue messages;
+    FileSystem files;
+    QtToolkit windows;
+    LinuxRuntime runtime;
+    SpeechEngine speech;  // last: its thread posts to the messages
+};
+
+LinuxPlatform::LinuxPlatform(int& argc, char** argv)
+    : world_(std::make_unique<World>(argc, argv)) {}
+
+LinuxPlatform::~LinuxPlatform() = default;
+
+Platform LinuxPlatform::Parts() {
+    return {.runtime = world_->runtime,
+            .messages = world_->messages,
+            .files = world_->files,
+            .windows = world_->windows,
+            .speech = world_->speech};
+}
+
+}  // namespace corvane

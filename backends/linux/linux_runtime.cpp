@@ -1,0 +1,56 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include "linux/linux_runtime.h"
+
+#include <QMessageBox>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+#include <utility>
+
+#include "linux/launch/detached_process.h"
+#include "linux/launch/program_search.h"
+#include "linux/send_keys_notation.h"
+#include "platform/error.h"
+
+namespace corvane::linux_desktop {
+
+LinuxRuntime::LinuxRuntime(std::unique_ptr<Keys> keys) : keys_(std::move(keys)) {}
+
+void LinuxRuntime::SendKeys(const std::string& keys, bool wait) {
+    switch (keys_->Type(ParseKeys(keys))) {
+        case SessionAnswer::Done:
+            break;
+        case SessionAnswer::Unsupported:
+            throw RuntimeError(kInvalidProcedureCall, "Invalid procedure call or argument");
+        case SessionAnswer::Denied:
+            throw RuntimeError(kPermissionDenied, "Permission denied");
+    }
+    if (wait) keys_->WaitUntilTaken();
+}
+
+void LinuxRuntime::Shell(const std::string& path, ShellWindowStyle /*style*/) {
+    const auto invocation = FindInvocation(path, SearchPlaces::OfEnvironment());
+    const char* home = std::getenv("HOME");
+    if (!invocation || !StartDetached(*invocation, home != nullptr ? home : "/"))
+        throw RuntimeError(kFileNotFound, "File not found: " + path);
+}
+
+std::string LinuxRuntime::ExecutableFolder() const {
+    std::error_code error;
+    const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error) throw RuntimeError(kPathNotFound, "Path not found: /proc/self/exe");
+    return executable.parent_path().string();
+}
+
+void LinuxRuntime::ShowErrorReport(std::int32_t number, const std::string& text) {
+    const std::string report = "Run-time error " + std::to_string(number) + ": " + text;
+    std::cerr << "KT Corvane: " << report << '\n' << std::flush;
+    QMessageBox::critical(nullptr, "KT Corvane", QString::fromStdString(report));
+}
+
+void LinuxRuntime::End() {
+    std::_Exit(0);
+}
+
+}  // namespace corvane::linux_desktop

@@ -1,0 +1,16 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "linux/session/keys.h"
+
+namespace corvane::linux_desktop {
+
+/// The strokes that `keys` describes. A plain character is that key; "~" is Enter; "^", "+" and "%"
+/// hold Ctrl, Shift and Alt for the key behind them; "{NAME}" is the key of that name, in either
+/// case, and "{x}" the character x itself. Anything else raises kInvalidProcedureCall.
+[[nodiscard]] std::vector<KeyStroke> ParseKeys(std::string_view keys);
+
+}  // namespace corvane::linux_desktop

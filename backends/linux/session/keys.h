@@ -1,0 +1,73 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <span>
+#include <variant>
+
+/// Keys typed for the person into whatever has the focus. Each kind of desktop session has its own
+/// way to do it.
+namespace corvane::linux_desktop {
+
+enum class NamedKey {
+    Backspace,
+    CapsLock,
+    Delete,
+    Down,
+    End,
+    Enter,
+    Escape,
+    Help,
+    Home,
+    Insert,
+    Left,
+    NumLock,
+    PageDown,
+    PageUp,
+    Right,
+    ScrollLock,
+    Tab,
+    Up,
+    F1,
+    F2,
+    F3,
+    F4,
+    F5,
+    F6,
+    F7,
+    F8,
+    F9,
+    F10,
+    F11,
+    F12,
+};
+
+/// One key going down and up while modifiers are held. A character brings the modifiers that it
+/// needs itself, such as Shift for a capital, in addition.
+struct KeyStroke {
+    std::variant<char32_t, NamedKey> key;
+    bool control = false;
+    bool shift = false;
+    bool alt = false;
+    friend bool operator==(const KeyStroke&, const KeyStroke&) = default;
+};
+
+enum class SessionAnswer {
+    Done,
+    Unsupported,  ///< not possible in this session; nothing was done
+    Denied,       ///< the session does not let us; nothing was done
+};
+
+class Keys {
+public:
+    virtual ~Keys() = default;
+
+    /// Types the strokes in order, or none if one of them has no key. Modifiers and locks that the
+    /// person has set are out of force meanwhile.
+    virtual SessionAnswer Type(std::span<const KeyStroke> strokes) = 0;
+
+    /// Returns when the program with the focus has taken the strokes typed last, or after a bounded
+    /// time if that can't be known.
+    virtual void WaitUntilTaken() = 0;
+};
+
+}  // namespace corvane::linux_desktop

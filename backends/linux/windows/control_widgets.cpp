@@ -1,0 +1,156 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include "linux/windows/control_widgets.h"
+
+#include <QApplication>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTextEdit>
+#include <algorithm>
+
+#include "linux/text_positions.h"
+#include "linux/windows/look.h"
+#include "linux/windows/painted_widgets.h"
+
+namespace corvane::linux_desktop {
+namespace {
+
+QWidget* MakeList(const ControlDescription& control, QWidget& holder) {
+    auto* list = new QListWidget(&holder);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->addItems(Words(control.text).split(u'\n', Qt::SkipEmptyParts));
+    list->sortItems();
+    return list;
+}
+
+QWidget* MakeLabel(const ControlDescription& control, QWidget& holder, Qt::Alignment alignment) {
+    auto* label = new QLabel(Words(control.text), &holder);
+    label->setTextFormat(Qt::PlainText);
+    const int line_height = QFontMetrics(holder.font()).height();
+    label->setWordWrap(Pixels(control.place.height) >= 2 * line_height);
+    label->setAlignment(alignment | Qt::AlignTop);
+    return label;
+}
+
+QWidget* MakePicture(QWidget& holder) {
+    auto* picture = new QLabel(&holder);
+    picture->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    return picture;
+}
+
+QWidget* MakeLineEdit(const ControlDescription& control, QWidget& holder) {
+    auto* edit = new QLineEdit(ControlText(control.text), &holder);
+    // Styles leave more room at the sides than three digits in the narrowest box can spare.
+    edit->setTextMargins(-2, 0, -2, 0);
+    return edit;
+}
+
+QWidget* MakeEditor(const ControlDescription& control, QWidget& holder) {
+    auto* editor = new QTextEdit(&holder);
+    editor->setAcceptRichText(false);
+    editor->setTabChangesFocus(true);
+    editor->setVerticalScrollBarPolicy(control.kind == ControlKind::MultilineTextBox
+                                           ? Qt::ScrollBarAlwaysOn
+                                           : Qt::ScrollBarAsNeeded);
+    editor->setPlainText(ControlText(control.text));
+    return editor;
+}
+
+QWidget* MakeProgressBar(QWidget& holder) {
+    auto* bar = new QProgressBar(&holder);
+    bar->setRange(0, 100);
+    bar->setValue(0);
+    bar->setTextVisible(false);
+    return bar;
+}
+
+QWidget* MakeLine(QWidget& holder) {
+    auto* line = new QFrame(&holder);
+    line->setFrameStyle(QFrame::Box | QFrame::Plain);
+    line->lower();
+    return line;
+}
+
+QWidget* MakeWidget(const ControlDescription& control, QWidget& holder) {
+    switch (control.kind) {
+        case ControlKind::ListBox:
+            return MakeList(control, holder);
+        case ControlKind::Frame:
+            return new CaptionedFrame(Words(control.text), &holder);
+        case ControlKind::PictureBox:
+            return MakePicture(holder);
+        case ControlKind::Label:
+            return MakeLabel(control, holder, Qt::AlignLeft);
+        case ControlKind::CentredLabel:
+            return MakeLabel(control, holder, Qt::AlignHCenter);
+        case ControlKind::Gauge:
+            return new EtchedCircle(&holder);
+        case ControlKind::TextBox:
+            return MakeLineEdit(control, holder);
+        case ControlKind::MultilineTextBox:
+        case ControlKind::RichTextBox:
+            return MakeEditor(control, holder);
+        case ControlKind::ProgressBar:
+            return MakeProgressBar(holder);
+        case ControlKind::CommandButton:
+            return new QPushButton(Words(control.text), &holder);
+        case ControlKind::Line:
+            return MakeLine(holder);
+        case ControlKind::ImageList:
+        case ControlKind::Timer:
+            return nullptr;
+    }
+    return nullptr;
+}
+
+void SetColours(QWidget& widget, ControlColours colours) {
+    if (colours == ControlColours::System) return;
+    QPalette palette = widget.palette();
+    if (colours == ControlColours::WhiteOnBlack) {
+        palette.setColor(QPalette::Base, Qt::black);
+        palette.setColor(QPalette::Text, Qt::white);
+    } else {
+        const QPalette menu = QApplication::palette("QMenu");
+        palette.setColor(QPalette::Base, menu.color(QPalette::Window));
+        palette.setColor(QPalette::Text, menu.color(QPalette::WindowText));
+    }
+    widget.setPalette(palette);
+}
+
+/// What a screen reader says: the role, or else the caption without the mark of its access key.
+QString SpokenName(const ControlDescription& control) {
+    if (!control.role.empty()) return Words(control.role);
+    if (control.kind == ControlKind::CommandButton) return Words(control.text).remove(u'&');
+    return Words(control.text).trimmed();
+}
+
+}  // namespace
+
+QWidget* MakeControlWidget(const ControlDescription& control, QWidget& holder) {
+    QWidget* widget = MakeWidget(control, holder);
+    if (widget == nullptr) return nullptr;
+    widget->setObjectName(Words(control.name));
+    widget->setAccessibleName(SpokenName(control));
+    widget->setToolTip(Words(control.tool_tip));
+    SetColours(*widget, control.colours);
+    return widget;
+}
+
+QRect WidgetPlace(const ControlDescription& control, const QWidget& widget) {
+    QRect place = PixelPlace(control);
+    const auto* label = qobject_cast<const QLabel*>(&widget);
+    if (label == nullptr || label->wordWrap() || label->text().isEmpty()) return place;
+    // A single line is never cut off, whatever the width of the letters here.
+    const QRect text(QPoint(), label->sizeHint());
+    const int wider = std::max(0, text.width() - place.width());
+    const int on_the_left = control.kind == ControlKind::CentredLabel ? wider / 2 : 0;
+    place.adjust(-on_the_left, 0, wider - on_the_left, 0);
+    place.setHeight(std::max(place.height(), text.height()));
+    return place;
+}
+
+}  // namespace corvane::linux_desktop

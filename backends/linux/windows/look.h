@@ -1,0 +1,28 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFont>
+#include <QRect>
+#include <QString>
+#include <string_view>
+
+#include "platform/controls.h"
+
+/// How the system's own measures look on the screen.
+namespace corvane::linux_desktop {
+
+[[nodiscard]] constexpr int Pixels(int twips) {
+    return twips / kTwipsPerPixel;
+}
+
+/// Where a control stands in its holder, in pixels. A line is one pixel thick.
+[[nodiscard]] QRect PixelPlace(const ControlDescription& control);
+
+/// The font of windows and their controls: 8.25 points at 96 dots an inch.
+[[nodiscard]] QFont DialogFont();
+
+[[nodiscard]] inline QString Words(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace corvane::linux_desktop

@@ -1,0 +1,53 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include "linux/windows/painted_widgets.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+#include <algorithm>
+
+namespace corvane::linux_desktop {
+namespace {
+
+constexpr int kCaptionIndent = 8;
+constexpr int kCaptionGap = 2;
+
+}  // namespace
+
+CaptionedFrame::CaptionedFrame(const QString& caption, QWidget* holder)
+    : QGroupBox(caption, holder) {}
+
+void CaptionedFrame::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    const QFontMetrics metrics = fontMetrics();
+    const QRect caption(kCaptionIndent, 0, metrics.horizontalAdvance(title()), metrics.height());
+    const int edge = metrics.height() / 2;
+
+    painter.save();
+    const QRect gap = caption.adjusted(-kCaptionGap, 0, kCaptionGap, 0);
+    painter.setClipRegion(QRegion(rect()) - QRegion(title().isEmpty() ? QRect() : gap));
+    // Two lines, one in the shadow and one in the light, look like a groove.
+    painter.setPen(palette().color(QPalette::Light));
+    painter.drawRect(rect().adjusted(1, edge + 1, -1, -1));
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawRect(rect().adjusted(0, edge, -2, -2));
+    painter.restore();
+
+    style()->drawItemText(&painter, caption, Qt::AlignLeft | Qt::AlignTop, palette(), isEnabled(),
+                          title(), QPalette::WindowText);
+}
+
+EtchedCircle::EtchedCircle(QWidget* holder) : QWidget(holder) {}
+
+void EtchedCircle::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const int side = std::min(width(), height()) - 3;
+    const QRectF circle((width() - side) / 2.0, (height() - side) / 2.0, side, side);
+    painter.setPen(palette().color(QPalette::Light));
+    painter.drawEllipse(circle.translated(1, 1));
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawEllipse(circle);
+}
+
+}  // namespace corvane::linux_desktop

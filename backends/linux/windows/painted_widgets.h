@@ -1,0 +1,28 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QGroupBox>
+#include <QWidget>
+
+namespace corvane::linux_desktop {
+
+/// A box whose caption interrupts its upper edge. The edge lies within the widget, at half the
+/// caption's height, so that what stands inside is counted from the widget's own corner.
+class CaptionedFrame final : public QGroupBox {
+public:
+    CaptionedFrame(const QString& caption, QWidget* holder);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// The place of a round gauge that shows no value.
+class EtchedCircle final : public QWidget {
+public:
+    explicit EtchedCircle(QWidget* holder);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace corvane::linux_desktop

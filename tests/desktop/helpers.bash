@@ -1,0 +1,65 @@
+# Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+# Small words of the desktop tests. To be sourced.
+
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+source "$here/../../tools/on_desktop.bash"
+
+scratch=$(mktemp -d)
+program=
+clean_up() {
+    [[ -z $program ]] || kill "$program" 2> /dev/null || true
+    rm -rf "$scratch"
+}
+trap clean_up EXIT
+
+# expect WHAT COMMAND...: ends the test when the command fails.
+expect() {
+    local what=$1
+    shift
+    if "$@"; then
+        echo "ok: $what"
+        return
+    fi
+    echo "FAILED: $what" >&2
+    if [[ -n $program ]]; then
+        echo "Recognition log:" >&2
+        recognition_log >&2 || true
+        cat "$scratch/program/output.txt" >&2
+    fi
+    exit 1
+}
+
+equal() {
+    [[ $1 == "$2" ]] || {
+        echo "\"$1\" is not \"$2\"" >&2
+        return 1
+    }
+}
+
+# The program on this desktop, listening.
+start_and_wait() {
+    start_program "$1" "$scratch/program"
+    expect "the program listens" becomes_ready
+}
+
+# record_while FILE COMMAND...: what the default source gives meanwhile; 16 bit, mono, 16 kHz.
+record_while() {
+    local file=$1 recorder status=0
+    shift
+    parec --raw --rate=16000 --channels=1 --format=s16le --latency-msec=20 > "$file" &
+    recorder=$!
+    expect "the recorder listens" wait_until 10 something_listens
+    "$@" || status=$?
+    kill "$recorder"
+    wait "$recorder" || true
+    return $status
+}
+
+# loudness FILE: root mean square of a recording, 0 to 32767.
+loudness() {
+    /usr/bin/python3 - "$1" << 'PYTHON'
+import array, math, sys
+samples = array.array("h", open(sys.argv[1], "rb").read())
+print(round(math.sqrt(sum(s * s for s in samples) / max(1, len(samples)))))
+PYTHON
+}

@@ -1,0 +1,19 @@
+#!/bin/bash
+# Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+# usage: stop_listening_and_enable.bash EXECUTABLE
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/helpers.bash"
+
+start_and_wait "$1"
+"$tools/say-into-mic" stop listening
+expect "the program was told to stop listening" wait_until 10 accepted_are 1 "stop listening"
+
+"$tools/say-into-mic" run notepad please
+expect "a command is not accepted now" stays_so 4 accepted_are 1
+expect "and starts nothing" terminals_are 0
+
+"$tools/say-into-mic" enable
+expect "the program was told to listen again" wait_until 10 accepted_are 1 "enable"
+
+"$tools/say-into-mic" run notepad please
+expect "a command works again" wait_until 10 terminals_are 1
