@@ -1,0 +1,82 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "engine/audio/audio_source.h"
+#include "engine/recogniser/decoder.h"
+#include "engine/recogniser/endpointer.h"
+#include "engine/recogniser/reco_result.h"
+#include "engine/recogniser/vocabulary.h"
+
+namespace corvane::engine {
+
+/// The thread that listens: sound to endpointer to decoder to confidence to events. It never calls
+/// a target itself, it only posts.
+class Listener {
+public:
+    using Post = std::function<void(std::function<void()>)>;
+
+    Listener(std::unique_ptr<Decoder> decoder, AudioSource& source, Post post);
+    /// Stops: nothing is posted any more.
+    ~Listener();
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    /// Begins to read the source; once is enough.
+    void Start();
+
+    /// What can be said from now on. An utterance under way is judged by it from its beginning.
+    void SetVocabulary(std::shared_ptr<const Vocabulary> vocabulary);
+
+    /// Whether somebody wants to know what an utterance under way may become.
+    void WantHypotheses(bool wanted) { hypotheses_wanted_ = wanted; }
+
+    void WaitForEndOfStream();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    void Run();
+    [[nodiscard]] bool ReadFrame(std::span<std::int16_t> frame);
+    void TakeVocabulary();
+    void Hear(std::span<const std::int16_t> frame);
+    void BeginHypotheses();
+    void Suppose();
+    void EndUtterance();
+    [[nodiscard]] std::span<const std::int16_t> Utterance() const;
+    [[nodiscard]] std::optional<RecognisedPhrase> PhraseOf(const Path& path,
+                                                           Clock::time_point since) const;
+    void PostResult(RecognisedPhrase phrase, const Path& path, bool final);
+
+    std::unique_ptr<Decoder> decoder_;
+    AudioSource& source_;
+    Post post_;
+
+    std::mutex mutex_;
+    std::shared_ptr<const Vocabulary> next_vocabulary_;  ///< guarded by mutex_
+    std::atomic<bool> hypotheses_wanted_ = false;
+    std::atomic<bool> stopping_ = false;
+
+    // The thread's own.
+    std::shared_ptr<const Vocabulary> vocabulary_;
+    Endpointer endpointer_;
+    std::vector<std::int16_t> sound_;  ///< of the utterance, or the last moment of stillness
+    std::int64_t sound_begin_ = 0;     ///< frame of the stream at which it begins
+    bool supposing_ = false;
+    std::vector<std::string> supposed_;  ///< words of the last hypothesis
+
+    std::thread thread_;
+};
+
+}  // namespace corvane::engine

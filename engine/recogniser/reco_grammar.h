@@ -1,0 +1,34 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/grammar/grammar.h"
+#include "engine/recogniser/recogniser.h"
+#include "platform/speech_api.h"
+
+namespace corvane::engine {
+
+/// A grammar of a context. Its rules are heard as long as it is held, and its context is.
+class RecoGrammar final : public ISpeechRecoGrammar {
+public:
+    explicit RecoGrammar(std::shared_ptr<Recogniser> recogniser);
+    ~RecoGrammar() override;
+    RecoGrammar(const RecoGrammar&) = delete;
+    RecoGrammar& operator=(const RecoGrammar&) = delete;
+
+    void CmdLoadFromFile(const std::string& FileName, std::int32_t LoadOption) override;
+    [[nodiscard]] std::shared_ptr<ISpeechGrammarRules> Rules() const override;
+    void CmdSetRuleIdState(std::int32_t RuleId, std::int32_t State) override;
+
+    void AddActiveRules(std::vector<const GrammarRule*>& rules) const;
+
+private:
+    std::shared_ptr<Recogniser> recogniser_;
+    Grammar grammar_;
+    std::vector<bool> active_;  ///< by the grammar's rules
+};
+
+}  // namespace corvane::engine

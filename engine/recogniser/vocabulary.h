@@ -1,0 +1,33 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/grammar/word_graph.h"
+#include "platform/speech_api.h"
+
+namespace corvane::engine {
+
+/// Who is told what was heard. Called on the loop's thread only.
+class ResultTarget {
+public:
+    virtual ~ResultTarget() = default;
+    /// position: bytes into the stream where the phrase begins.
+    virtual void Recognised(std::int64_t position, std::shared_ptr<ISpeechRecoResult> result) = 0;
+    virtual void Supposed(std::int64_t position, std::shared_ptr<ISpeechRecoResult> result) = 0;
+};
+
+/// What can be said at one time and to whom: the active rules of all contexts, compiled together.
+struct Vocabulary {
+    struct Rule {
+        std::string name;
+        std::weak_ptr<ResultTarget> target;
+    };
+    WordGraph graph;
+    std::vector<Rule> rules;  ///< by the graph's rule indexes
+};
+
+}  // namespace corvane::engine

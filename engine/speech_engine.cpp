@@ -1,0 +1,34 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/speech_engine.h"
+
+#include <utility>
+
+#include "engine/recogniser/reco_context.h"
+#include "engine/recogniser/recogniser.h"
+
+namespace corvane {
+
+SpeechEngineConfig::SpeechEngineConfig()
+    : acoustic_model(CORVANE_MODEL_FOLDER "/en-us/en-us"),
+      dictionary(CORVANE_MODEL_FOLDER "/en-us/cmudict-en-us.dict") {}
+
+SpeechEngine::SpeechEngine(SpeechEngineConfig config, Post post,
+                           std::unique_ptr<engine::AudioSource> source)
+    : config_(std::move(config)), post_(std::move(post)), source_(std::move(source)) {}
+
+SpeechEngine::~SpeechEngine() {
+    if (recogniser_) recogniser_->Stop();
+}
+
+std::shared_ptr<ISpeechRecoContext> SpeechEngine::CreateSpSharedRecoContext() {
+    if (!recogniser_)
+        recogniser_ = std::make_shared<engine::Recogniser>(config_.acoustic_model,
+                                                           config_.dictionary, *source_, post_);
+    return engine::RecoContext::Create(recogniser_);
+}
+
+void SpeechEngine::WaitForEndOfStream() {
+    if (recogniser_) recogniser_->WaitForEndOfStream();
+}
+
+}  // namespace corvane

@@ -1,0 +1,59 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "engine/audio/audio_source.h"
+#include "platform/speech_api.h"
+
+namespace corvane {
+
+namespace engine {
+class Recogniser;
+}
+
+/// Where the engine finds what it needs. The defaults name the installed packages' files.
+struct SpeechEngineConfig {
+    SpeechEngineConfig();
+
+    std::string acoustic_model;  ///< folder of a PocketSphinx acoustic model, 16 kHz, US English
+    std::string dictionary;      ///< words and their phones, in the dictionary format of that model
+};
+
+/// A speech recogniser that stands alone: command grammars on the sound of one source, shared by
+/// any number of contexts.
+///
+/// Hands out the objects of speech_api.h; they and the engine are for one thread, the message
+/// loop's. A thread of the engine's own reads the source and hands every event to `post`, which
+/// must be callable from any thread and run the message later on the loop's. Objects may outlive
+/// the engine; they hear nothing more then.
+///
+/// Sound is first read when some context sets an event interest other than 0.
+class SpeechEngine final : public ISpeechApi {
+public:
+    using Post = std::function<void(std::function<void()>)>;
+
+    SpeechEngine(SpeechEngineConfig config, Post post, std::unique_ptr<engine::AudioSource> source);
+    /// Stops listening: `post` is not called any more. Returns when the engine's thread has ended.
+    ~SpeechEngine() override;
+    SpeechEngine(const SpeechEngine&) = delete;
+    SpeechEngine& operator=(const SpeechEngine&) = delete;
+
+    /// The first call loads the acoustic model; raises kAutomationError when it or the dictionary
+    /// can't be read. A new context has no event interests.
+    [[nodiscard]] std::shared_ptr<ISpeechRecoContext> CreateSpSharedRecoContext() override;
+
+    /// Waits until the source has come to its end and all events of it were posted; for files,
+    /// since a microphone has no end. Returns at once when nothing listens.
+    void WaitForEndOfStream();
+
+private:
+    SpeechEngineConfig config_;
+    Post post_;
+    std::unique_ptr<engine::AudioSource> source_;
+    std::shared_ptr<engine::Recogniser> recogniser_;
+};
+
+}  // namespace corvane

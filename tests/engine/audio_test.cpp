@@ -1,0 +1,102 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <thread>
+
+#include "engine/audio/memory_source.h"
+#include "engine/audio/pulse_capture.h"
+#include "engine/audio/sample_queue.h"
+#include "engine/audio/wav_file.h"
+#include "platform/error.h"
+
+namespace corvane::engine {
+namespace {
+
+std::string Bytes(std::uint32_t number, std::size_t bytes) {
+    std::string text;
+    for (std::size_t i = 0; i < bytes; ++i) text += static_cast<char>(number >> (8 * i) & 0xFF);
+    return text;
+}
+
+std::string Chunk(const std::string& name, const std::string& content) {
+    return name + Bytes(static_cast<std::uint32_t>(content.size()), 4) + content +
+           (content.size() % 2 == 1 ? std::string(1, '\0') : "");
+}
+
+std::string Format(std::uint32_t coding, std::uint32_t channels, std::uint32_t rate,
+                   std::uint32_t bits) {
+    return Chunk("fmt ", Bytes(coding, 2) + Bytes(channels, 2) + Bytes(rate, 4) +
+                             Bytes(rate * channels * bits / 8, 4) + Bytes(channels * bits / 8, 2) +
+                             Bytes(bits, 2));
+}
+
+std::string Wav(const std::string& chunks) {
+    return "RIFF" + Bytes(static_cast<std::uint32_t>(chunks.size() + 4), 4) + "WAVE" + chunks;
+}
+
+const std::string kSound = Chunk("data", Bytes(1, 2) + Bytes(0xFFFE, 2));
+
+TEST(WavFile, GivesItsSamples) {
+    EXPECT_EQ(ParseWav(Wav(Format(1, 1, 16000, 16) + kSound)), (std::vector<std::int16_t>{1, -2}));
+}
+
+TEST(WavFile, ChunksThatAreNoSoundArePassedOver) {
+    EXPECT_EQ(ParseWav(Wav(Chunk("LIST", "odd") + Format(1, 1, 16000, 16) + kSound)).size(), 2U);
+}
+
+TEST(WavFile, CutShortGivesWhatIsThere) {
+    const std::string whole = Wav(Format(1, 1, 16000, 16) + kSound);
+    EXPECT_EQ(ParseWav(whole.substr(0, whole.size() - 1)), std::vector<std::int16_t>{1});
+}
+
+TEST(WavFile, OtherKindsAreRefused) {
+    for (const std::string& other :
+         {std::string("MP3"), Wav(""), Wav(kSound), Wav(Chunk("fmt ", "short") + kSound),
+          Wav(Format(1, 1, 16000, 16)), Wav(Format(1, 2, 16000, 16) + kSound),
+          Wav(Format(1, 1, 8000, 16) + kSound), Wav(Format(1, 1, 16000, 8) + kSound),
+          Wav(Format(3, 1, 16000, 16) + kSound)})
+        EXPECT_THROW((void)ParseWav(other), RuntimeError) << other;
+}
+
+TEST(MemorySource, ComesToItsEnd) {
+    MemorySource source({1, 2, 3});
+    std::array<std::int16_t, 2> block{};
+    EXPECT_EQ(source.Read(block), 2U);
+    EXPECT_EQ(source.Read(block), 1U);
+    EXPECT_EQ(block[0], 3);
+    EXPECT_EQ(source.Read(block), 0U);
+}
+
+TEST(SampleQueue, LosesTheOldestSoundWhenNobodyTakesIt) {
+    SampleQueue queue(3);
+    queue.Push(std::array<std::int16_t, 5>{1, 2, 3, 4, 5});
+    std::array<std::int16_t, 5> block{};
+    EXPECT_EQ(queue.Pop(block), 3U);
+    EXPECT_EQ(block[0], 3);
+}
+
+TEST(SampleQueue, ClosingWakesWhoeverWaits) {
+    SampleQueue queue(3);
+    std::thread waiting([&queue] {
+        std::array<std::int16_t, 1> block{};
+        EXPECT_EQ(queue.Pop(block), 0U);
+    });
+    queue.Close();
+    waiting.join();
+}
+
+TEST(PulseCapture, WithoutAServerItWaitsUntilItIsInterrupted) {
+    setenv("PULSE_SERVER", "unix:/nowhere/pulse", 1);
+    PulseCapture capture("test");
+    std::thread waiting([&capture] {
+        std::array<std::int16_t, 1> block{};
+        EXPECT_EQ(capture.Read(block), 0U);
+    });
+    capture.Interrupt();
+    waiting.join();
+}
+
+}  // namespace
+}  // namespace corvane::engine

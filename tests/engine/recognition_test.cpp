@@ -1,0 +1,84 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <array>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "support/room.h"
+
+namespace corvane::engine {
+namespace {
+
+using testing::Listening;
+using testing::Room;
+using testing::Say;
+
+constexpr const char* kCommands = CORVANE_PROJECT_FOLDER "/data/keywords.xml";
+constexpr std::array kVoices{"slt", "rms", "awb"};
+
+struct Saying {
+    std::string rule;
+    std::string text;
+};
+
+std::vector<Saying> Sayings() {
+    std::vector<Saying> sayings;
+    std::ifstream file(CORVANE_PROJECT_FOLDER "/tests/engine/sayings.txt");
+    Saying saying;
+    while (std::getline(file, saying.rule, '\t') && std::getline(file, saying.text))
+        sayings.push_back(saying);
+    return sayings;
+}
+
+/// What the engine makes of one saying on its own.
+std::vector<std::shared_ptr<ISpeechRecoResult>> Heard(const std::string& text, const char* voice) {
+    Room room;
+    const Listening listening(*room.engine, kCommands);
+    room.HearToTheEnd(Say(text, voice));
+    return listening.recognised;
+}
+
+class Recognition : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (!testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks in this test, is missing";
+    }
+};
+
+TEST_F(Recognition, CommandsAreHeardAsTheirRulesWithHighConfidence) {
+    const std::vector<Saying> sayings = Sayings();
+    ASSERT_EQ(sayings.size(), 18U);
+    std::size_t right = 0;
+    std::string failures;
+    for (const char* voice : kVoices) {
+        for (const Saying& saying : sayings) {
+            const auto results = Heard(saying.text, voice);
+            const bool good = results.size() == 1 &&
+                              results[0]->PhraseInfo()->Rule()->Name() == saying.rule &&
+                              results[0]->PhraseInfo()->Rule()->Confidence() == SECHighConfidence;
+            if (good)
+                ++right;
+            else
+                failures += std::string(voice) + ": " + saying.text + "\n";
+        }
+    }
+    RecordProperty("right", static_cast<int>(right));
+    EXPECT_GE(right * 10, sayings.size() * kVoices.size() * 9) << failures;
+}
+
+TEST_F(Recognition, OtherSpeechIsNeverHeardWithHighConfidence) {
+    for (const char* voice : kVoices)
+        for (const char* text :
+             {"the weather in the mountains was unusually mild this year",
+              "my sister bought three pounds of apples on the market",
+              "could you ask him whether the train has left already",
+              "a good book is worth more than a bad film", "elephants", "yesterday evening"})
+            for (const auto& result : Heard(text, voice))
+                EXPECT_LT(result->PhraseInfo()->Rule()->Confidence(), SECHighConfidence)
+                    << voice << ": " << text << " as " << testing::Told(result);
+}
+
+}  // namespace
+}  // namespace corvane::engine

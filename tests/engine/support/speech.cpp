@@ -1,0 +1,36 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/speech.h"
+
+#include <cstdlib>
+
+#include "engine/audio/wav_file.h"
+#include "support/temporary_file.h"
+
+namespace corvane::engine::testing {
+
+bool CanSpeak() {
+    return std::system("command -v flite > /dev/null 2>&1") == 0;
+}
+
+Sound Say(const std::string& text, const std::string& voice) {
+    const TemporaryFile words(text);
+    const TemporaryFile sound;
+    const std::string command =
+        "flite -voice " + voice + " -f '" + words.Path() + "' -o '" + sound.Path() + "'";
+    if (std::system(command.c_str()) != 0) return {};
+    using std::chrono_literals::operator""ms;
+    return Joined(Joined(Stillness(400ms), ReadWavFile(sound.Path())), Stillness(500ms));
+}
+
+Sound Stillness(std::chrono::milliseconds duration) {
+    Sound sound;
+    sound.resize(static_cast<std::size_t>(duration.count()) * 16);
+    return sound;
+}
+
+Sound Joined(Sound first, const Sound& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+}  // namespace corvane::engine::testing

@@ -1,0 +1,24 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace corvane::engine::testing {
+
+using Sound = std::vector<std::int16_t>;
+
+/// Whether the machine has the voices that speak in the tests.
+[[nodiscard]] bool CanSpeak();
+
+/// The text as a voice of flite ("slt", "rms", "awb") says it, with stillness on both sides.
+[[nodiscard]] Sound Say(const std::string& text, const std::string& voice = "slt");
+
+[[nodiscard]] Sound Stillness(std::chrono::milliseconds duration);
+
+/// One sound after the other.
+[[nodiscard]] Sound Joined(Sound first, const Sound& second);
+
+}  // namespace corvane::engine::testing
