@@ -3,6 +3,7 @@
 
 tools=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 main_window="KT Corvane 3.0"
+splash="About KT Corvane 3.0"
 
 # wait_until SECONDS COMMAND...: runs the command until it succeeds; fails when it never does.
 wait_until() {

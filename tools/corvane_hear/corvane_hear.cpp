@@ -2,8 +2,10 @@
 
 // Lets the engine hear sound files and writes one line an event, fields parted by tabs:
 // file, event (recognition or hypothesis), rule, confidence (-1, 0, 1), score (0 to 1), start_ms,
-// end_ms, latency_ms, text.
+// end_ms, latency_ms, text. With --all there are lines of the event interference too: why it is
+// hard to hear is their text, start_ms and end_ms are where it was noticed, the others are 0.
 
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <functional>
@@ -30,7 +32,13 @@ constexpr std::size_t kStillness = engine::kSampleRate / 2;
 struct Arguments {
     std::vector<std::string> grammars;
     std::vector<std::string> files;
+    bool all_events = false;
 };
+
+/// By SpeechInterference.
+constexpr std::array kInterferences{"None",     "Noise",   "NoSignal", "TooLoud",
+                                    "TooQuiet", "TooFast", "TooSlow"};
+constexpr std::int64_t kBytesPerMillisecond = engine::kSampleRate / 1000 * 2;
 
 /// Messages in the order of posting; run when the stream is over.
 class MessageQueue {
@@ -60,7 +68,14 @@ void Print(const std::string& file, const char* event, const ISpeechRecoResult& 
                 result.PhraseInfo()->GetText(0, -1, true).c_str());
 }
 
-void Hear(const std::string& file, const std::vector<std::string>& grammars) {
+void Print(const std::string& file, const Variant& position, std::int32_t interference) {
+    const std::int64_t ms = std::get<std::int64_t>(position) / kBytesPerMillisecond;
+    std::printf("%s\tinterference\t\t0\t0.000\t%lld\t%lld\t0\t%s\n", file.c_str(),
+                static_cast<long long>(ms), static_cast<long long>(ms),
+                kInterferences.at(static_cast<std::size_t>(interference)));
+}
+
+void Hear(const std::string& file, const Arguments& arguments) {
     std::vector<std::int16_t> samples = engine::ReadWavFile(file);
     samples.insert(samples.end(), kStillness, 0);
     MessageQueue messages;
@@ -70,7 +85,7 @@ void Hear(const std::string& file, const std::vector<std::string>& grammars) {
 
     std::vector<std::pair<std::shared_ptr<ISpeechRecoContext>, std::shared_ptr<ISpeechRecoGrammar>>>
         listening;
-    for (const std::string& path : grammars) {
+    for (const std::string& path : arguments.grammars) {
         auto context = engine.CreateSpSharedRecoContext();
         auto grammar = context->CreateGrammar(0);
         grammar->CmdLoadFromFile(path, SLODynamic);
@@ -84,9 +99,23 @@ void Hear(const std::string& file, const std::vector<std::string>& grammars) {
                              [&file](std::int32_t, const Variant&,
                                      const std::shared_ptr<ISpeechRecoResult>& result) {
                                  Print(file, "hypothesis", *result);
-                             }});
+                             },
+                         .AudioLevel = {},
+                         .Interference = {},
+                         .Adaptation = {}});
         listening.emplace_back(std::move(context), std::move(grammar));
     }
+    // A context of its own, since every context is told.
+    const auto sound = engine.CreateSpSharedRecoContext();
+    sound->Advise({.Recognition = {},
+                   .Hypothesis = {},
+                   .AudioLevel = {},
+                   .Interference =
+                       [&file](std::int32_t, const Variant& position, std::int32_t interference) {
+                           Print(file, position, interference);
+                       },
+                   .Adaptation = {}});
+    if (arguments.all_events) sound->SetEventInterests(SREInterference);
     for (const auto& [context, grammar] : listening)
         context->SetEventInterests(SRERecognition | SREHypothesis);
     engine.WaitForEndOfStream();
@@ -98,6 +127,8 @@ Arguments ArgumentsOf(const std::vector<std::string>& words) {
     for (std::size_t i = 0; i < words.size(); ++i) {
         if (words[i] == "--grammar" && i + 1 < words.size())
             arguments.grammars.push_back(words[++i]);
+        else if (words[i] == "--all")
+            arguments.all_events = true;
         else
             arguments.files.push_back(words[i]);
     }
@@ -112,11 +143,11 @@ Arguments ArgumentsOf(const std::vector<std::string>& words) {
 int main(int argc, char** argv) {
     const Arguments arguments = ArgumentsOf({argv + 1, argv + argc});
     if (arguments.files.empty()) {
-        std::cerr << "usage: corvane-hear [--grammar FILE]... WAV...\n";
+        std::cerr << "usage: corvane-hear [--all] [--grammar FILE]... WAV...\n";
         return 2;
     }
     try {
-        for (const std::string& file : arguments.files) Hear(file, arguments.grammars);
+        for (const std::string& file : arguments.files) Hear(file, arguments);
     } catch (const RuntimeError& error) {
         std::cerr << "corvane-hear: " << error.what() << '\n';
         return 1;
