@@ -121,6 +121,10 @@ std::optional<SpokenRule> ReadRule(const Element& element) {
     return rule;
 }
 
+std::string Joined(const std::string& said, const std::string& phrase) {
+    return said.empty() ? phrase : said + " " + phrase;
+}
+
 void Extend(const std::vector<SpokenPart>& parts, std::size_t at, const std::string& said,
             std::vector<std::string>& sayings) {
     if (at == parts.size()) {
@@ -129,7 +133,7 @@ void Extend(const std::vector<SpokenPart>& parts, std::size_t at, const std::str
     }
     if (parts[at].optional) Extend(parts, at + 1, said, sayings);
     for (const std::string& phrase : parts[at].phrases)
-        Extend(parts, at + 1, said.empty() ? phrase : said + " " + phrase, sayings);
+        Extend(parts, at + 1, Joined(said, phrase), sayings);
 }
 
 /// Whether what is left of a phrase can be said by the parts from `at` on.

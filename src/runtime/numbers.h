@@ -29,7 +29,8 @@ public:
     [[nodiscard]] constexpr Rep rep() const { return rep_; }
 
     friend constexpr bool operator==(CheckedNumber, CheckedNumber) = default;
-    friend constexpr auto operator<=>(CheckedNumber, CheckedNumber) = default;
+    // The linter takes the compiler's own comparison with 0 for a pointer.
+    friend constexpr auto operator<=>(CheckedNumber, CheckedNumber) = default;  // NOLINT
 
     friend constexpr CheckedNumber operator+(CheckedNumber a, CheckedNumber b) {
         return a.wide() + b.wide();
