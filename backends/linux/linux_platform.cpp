@@ -11,7 +11,11 @@
 #include "linux/linux_runtime.h"
 #include "linux/qt_message_queue.h"
 #include "linux/session/x11_keys.h"
+#include "linux/settings/registry.h"
+#include "linux/shell/automation.h"
+#include "linux/shell/tray.h"
 #include "linux/windows/qt_toolkit.h"
+#include "linux/windows/user32.h"
 
 namespace corvane {
 namespace {
@@ -48,8 +52,12 @@ struct LinuxPlatform::World {
     QtApplication qt;
     QtMessageQueue messages;
     FileSystem files;
-    QtToolkit windows;
     LinuxRuntime runtime;
+    QtToolkit windows{runtime.ExecutableFolder() + "/pictures"};
+    Automation automation;
+    Registry registry{Registry::FileOfPerson()};
+    Tray tray;
+    User32 user32;
     SpeechEngine speech;  // last: its thread posts to the messages
 };
 
@@ -63,7 +71,11 @@ Platform LinuxPlatform::Parts() {
             .messages = world_->messages,
             .files = world_->files,
             .windows = world_->windows,
-            .speech = world_->speech};
+            .speech = world_->speech,
+            .automation = world_->automation,
+            .advapi32 = world_->registry,
+            .shell32 = world_->tray,
+            .user32 = world_->user32};
 }
 
 }  // namespace corvane

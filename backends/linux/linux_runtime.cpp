@@ -43,6 +43,16 @@ std::string LinuxRuntime::ExecutableFolder() const {
     return executable.parent_path().string();
 }
 
+void LinuxRuntime::MsgBox(const std::string& prompt, MsgBoxStyle /*style*/,
+                          const std::string& title) {
+    QMessageBox box;
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString::fromStdString(prompt));
+    box.setWindowTitle(title.empty() ? QStringLiteral("KT Corvane")
+                                     : QString::fromStdString(title));
+    box.exec();
+}
+
 void LinuxRuntime::ShowErrorReport(std::int32_t number, const std::string& text) {
     const std::string report = "Run-time error " + std::to_string(number) + ": " + text;
     std::cerr << "KT Corvane: " << report << '\n' << std::flush;

@@ -68,6 +68,33 @@ std::variant<char32_t, NamedKey> BracedKey(std::u32string_view name) {
     RefuseNotation();
 }
 
+/// A control character is the combination of keys that makes it.
+KeyStroke ControlStroke(char32_t character) {
+    constexpr char32_t kDelete = 0x7F;
+    switch (character) {
+        case U'\b':
+            return {NamedKey::Backspace};
+        case U'\t':
+            return {NamedKey::Tab};
+        case U'\r':
+            return {NamedKey::Enter};
+        case U'\x1B':
+            return {NamedKey::Escape};
+        case kDelete:
+            return {.key = NamedKey::Backspace, .control = true};
+        default:
+            break;
+    }
+    const char32_t letter = character + U'@';
+    // The small letter: a capital would bring Shift along.
+    const bool is_letter = letter >= U'A' && letter <= U'Z';
+    return {.key = is_letter ? letter - U'A' + U'a' : letter, .control = true};
+}
+
+constexpr bool IsControl(char32_t character) {
+    return character < 0x20 || character == 0x7F;
+}
+
 }  // namespace
 
 std::vector<KeyStroke> ParseKeys(std::string_view keys) {
@@ -92,6 +119,10 @@ std::vector<KeyStroke> ParseKeys(std::string_view keys) {
             next.key = NamedKey::Enter;
         } else if (character == U'}' || character == U'(' || character == U')') {
             RefuseNotation();
+        } else if (IsControl(character)) {
+            const KeyStroke combination = ControlStroke(character);
+            next.key = combination.key;
+            next.control |= combination.control;
         } else {
             next.key = character;
         }

@@ -10,7 +10,9 @@ namespace corvane::linux_desktop {
 
 /// The strokes that `keys` describes. A plain character is that key; "~" is Enter; "^", "+" and "%"
 /// hold Ctrl, Shift and Alt for the key behind them; "{NAME}" is the key of that name, in either
-/// case, and "{x}" the character x itself. Anything else raises kInvalidProcedureCall.
+/// case, and "{x}" the character x itself. A control character is what makes it: "\r" is Enter,
+/// "\t" Tab, "\b" Backspace, 27 Esc, any other Ctrl and its letter. Anything else raises
+/// kInvalidProcedureCall.
 [[nodiscard]] std::vector<KeyStroke> ParseKeys(std::string_view keys);
 
 }  // namespace corvane::linux_desktop

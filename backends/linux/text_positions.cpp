@@ -78,6 +78,16 @@ std::string SystemText(const QString& control_text) {
     return with_line_ends;
 }
 
+TextSize SizeOf(std::string_view text) {
+    TextSize size;
+    while (!text.empty()) {
+        const char32_t character = TakeCharacter(text);
+        size.characters += character == U'\r' && TakeLineFeed(text) ? 2 : 1;
+        size.units += character > 0xFFFF ? 2 : 1;
+    }
+    return size;
+}
+
 int ControlPosition(std::string_view text, std::int32_t position) {
     int units = 0;
     while (position > 0 && !text.empty()) {

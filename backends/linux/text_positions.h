@@ -20,6 +20,14 @@ namespace corvane::linux_desktop {
 /// Text for the system; each line end becomes CR LF.
 [[nodiscard]] std::string SystemText(const QString& control_text);
 
+/// How long a text is for the system and in a control.
+struct TextSize {
+    std::int32_t characters = 0;
+    int units = 0;
+    friend bool operator==(const TextSize&, const TextSize&) = default;
+};
+[[nodiscard]] TextSize SizeOf(std::string_view text);
+
 /// Where `position` of the system's `text` is in a control that shows it. Between CR and LF is the
 /// end of that line.
 [[nodiscard]] int ControlPosition(std::string_view text, std::int32_t position);

@@ -8,6 +8,7 @@
 #include "contract/world.h"
 #include "linux/files/file_system.h"
 #include "linux/qt_message_queue.h"
+#include "linux/settings/registry.h"
 
 namespace corvane::testing {
 namespace {
@@ -16,6 +17,7 @@ class LinuxWorld final : public World {
 public:
     IFileSystemObject& files() override { return files_; }
     IMessageQueue& queue() override { return queue_; }
+    IAdvapi32& registry() override { return registry_; }
     std::string Folder() const override { return folder_.path().toStdString(); }
     std::string Bytes(const std::string& path) const override {
         std::ifstream file(path, std::ios::binary);
@@ -41,6 +43,7 @@ private:
     linux_desktop::FileSystem files_;
     linux_desktop::QtMessageQueue queue_;
     QTemporaryDir folder_;
+    linux_desktop::Registry registry_{Folder() + "/registry"};
 };
 
 }  // namespace

@@ -9,6 +9,7 @@ class SimulatedWorld final : public World {
 public:
     IFileSystemObject& files() override { return desktop_.files; }
     IMessageQueue& queue() override { return desktop_.queue; }
+    IAdvapi32& registry() override { return desktop_.registry; }
     std::string Folder() const override { return "/home/somebody"; }
     std::string Bytes(const std::string& path) const override {
         return desktop_.files.Bytes(path).value();

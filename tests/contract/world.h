@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/advapi32.h"
 #include "platform/automation.h"
 #include "platform/language_runtime.h"
 
@@ -16,6 +17,8 @@ public:
     virtual ~World() = default;
     [[nodiscard]] virtual IFileSystemObject& files() = 0;
     [[nodiscard]] virtual IMessageQueue& queue() = 0;
+    /// Empty at first.
+    [[nodiscard]] virtual IAdvapi32& registry() = 0;
     /// A folder that exists and is the test's own, without a separator at its end.
     [[nodiscard]] virtual std::string Folder() const = 0;
     /// The bytes of a file that is there.

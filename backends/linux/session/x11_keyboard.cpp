@@ -4,6 +4,7 @@
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <span>
@@ -58,6 +59,7 @@ void X11Keyboard::ReadModifiers(const X11Connection& x) {
         Answer<xcb_get_modifier_mapping_reply>(x, xcb_get_modifier_mapping(x.connection()));
     const auto pressed = Answer<xcb_query_keymap_reply>(x, xcb_query_keymap(x.connection()));
     if (!modifiers || !pressed) return;
+    std::ranges::copy(pressed->keys, down_.begin());
 
     const std::size_t width = modifiers->keycodes_per_modifier;
     const std::span codes(xcb_get_modifier_mapping_keycodes(modifiers.get()), kRows * width);
@@ -68,9 +70,8 @@ void X11Keyboard::ReadModifiers(const X11Connection& x) {
         const xcb_keycode_t code = codes[i];
         if (code == 0) continue;
         const std::size_t row = i / width;
-        const bool down = (pressed->keys[code / 8] >> (code % 8) & 1) != 0;
         const bool locks = row == kLockRow || Bears(code, XKB_KEY_Num_Lock);
-        if (down && !locks) held_.push_back(code);
+        if (IsDown(code) && !locks) held_.push_back(code);
         if (row == kShiftRow) choose(shift_, code);
         if (row == kLockRow && (state_ & XCB_MOD_MASK_LOCK) != 0) choose(lock_in_force_, code);
         if (row == kControlRow) choose(control_, code);

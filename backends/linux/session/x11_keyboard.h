@@ -3,6 +3,7 @@
 
 #include <xcb/xcb.h>
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -32,7 +33,11 @@ public:
     [[nodiscard]] xcb_keycode_t alt() const { return alt_; }
     [[nodiscard]] xcb_keycode_t level3() const { return level3_; }
 
-    /// Modifier keys that are down now, locks aside.
+    /// Whether a key was down.
+    [[nodiscard]] bool IsDown(xcb_keycode_t code) const {
+        return (down_[code / 8U] >> (code % 8U) & 1U) != 0;
+    }
+    /// Modifier keys that were down, locks aside.
     [[nodiscard]] const std::vector<xcb_keycode_t>& held() const { return held_; }
     /// The key that takes Caps Lock off; 0 if it is not on.
     [[nodiscard]] xcb_keycode_t lock_in_force() const { return lock_in_force_; }
@@ -49,6 +54,7 @@ private:
     std::vector<xcb_keysym_t> symbols_;
     std::uint16_t state_ = 0;
     xcb_keycode_t shift_ = 0, control_ = 0, alt_ = 0, level3_ = 0, lock_in_force_ = 0;
+    std::array<std::uint8_t, 32> down_{};  // a bit for each key code
     std::vector<xcb_keycode_t> held_;
 };
 

@@ -82,6 +82,8 @@ SessionAnswer X11Keys::Type(std::span<const KeyStroke> strokes) {
     {
         const QuietKeyboard quiet(x_, keyboard);
         for (auto& stroke : keys) {
+            // A key that is down already does not go down again.
+            if (keyboard.IsDown(stroke.back())) Move(x_, stroke.back(), Direction::Up);
             for (const xcb_keycode_t code : stroke) Move(x_, code, Direction::Down);
             std::ranges::reverse(stroke);
             for (const xcb_keycode_t code : stroke) Move(x_, code, Direction::Up);

@@ -8,13 +8,15 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QTextEdit>
 #include <algorithm>
 
 #include "linux/text_positions.h"
+#include "linux/windows/keyed_button.h"
 #include "linux/windows/look.h"
 #include "linux/windows/painted_widgets.h"
+#include "linux/windows/picture_view.h"
+#include "linux/windows/pictures.h"
 
 namespace corvane::linux_desktop {
 namespace {
@@ -36,10 +38,18 @@ QWidget* MakeLabel(const ControlDescription& control, QWidget& holder, Qt::Align
     return label;
 }
 
-QWidget* MakePicture(QWidget& holder) {
-    auto* picture = new QLabel(&holder);
-    picture->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    return picture;
+QWidget* MakePictureBox(const ControlDescription& control, QWidget& holder,
+                        const Pictures& pictures) {
+    auto* view = new PictureView(PictureView::Fit::OwnSize, &holder);
+    view->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    view->SetPicture(pictures.Find(Words(control.text)));
+    return view;
+}
+
+QWidget* MakeImage(const ControlDescription& control, QWidget& holder, const Pictures& pictures) {
+    auto* view = new PictureView(PictureView::Fit::Stretched, &holder);
+    view->SetPicture(pictures.Find(Words(control.text)));
+    return view;
 }
 
 QWidget* MakeLineEdit(const ControlDescription& control, QWidget& holder) {
@@ -75,14 +85,16 @@ QWidget* MakeLine(QWidget& holder) {
     return line;
 }
 
-QWidget* MakeWidget(const ControlDescription& control, QWidget& holder) {
+QWidget* MakeWidget(const ControlDescription& control, QWidget& holder, const Pictures& pictures) {
     switch (control.kind) {
         case ControlKind::ListBox:
             return MakeList(control, holder);
         case ControlKind::Frame:
             return new CaptionedFrame(Words(control.text), &holder);
         case ControlKind::PictureBox:
-            return MakePicture(holder);
+            return MakePictureBox(control, holder, pictures);
+        case ControlKind::Image:
+            return MakeImage(control, holder, pictures);
         case ControlKind::Label:
             return MakeLabel(control, holder, Qt::AlignLeft);
         case ControlKind::CentredLabel:
@@ -97,7 +109,7 @@ QWidget* MakeWidget(const ControlDescription& control, QWidget& holder) {
         case ControlKind::ProgressBar:
             return MakeProgressBar(holder);
         case ControlKind::CommandButton:
-            return new QPushButton(Words(control.text), &holder);
+            return new KeyedButton(Words(control.text), &holder);
         case ControlKind::Line:
             return MakeLine(holder);
         case ControlKind::ImageList:
@@ -130,8 +142,9 @@ QString SpokenName(const ControlDescription& control) {
 
 }  // namespace
 
-QWidget* MakeControlWidget(const ControlDescription& control, QWidget& holder) {
-    QWidget* widget = MakeWidget(control, holder);
+QWidget* MakeControlWidget(const ControlDescription& control, QWidget& holder,
+                           const Pictures& pictures) {
+    QWidget* widget = MakeWidget(control, holder, pictures);
     if (widget == nullptr) return nullptr;
     widget->setObjectName(Words(control.name));
     widget->setAccessibleName(SpokenName(control));

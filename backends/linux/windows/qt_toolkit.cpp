@@ -9,13 +9,14 @@
 
 namespace corvane::linux_desktop {
 
-QtToolkit::QtToolkit() {
+QtToolkit::QtToolkit(const std::string& picture_folder) : pictures_(Words(picture_folder)) {
     QApplication::setFont(DialogFont());
+    QApplication::setWindowIcon(pictures_.ProgramIcon());
 }
 
 std::unique_ptr<IWindowPeer> QtToolkit::CreateWindow(const WindowDescription& description,
                                                      WindowPeerEvents events) {
-    return std::make_unique<QtWindow>(description, std::move(events));
+    return std::make_unique<QtWindow>(description, std::move(events), pictures_);
 }
 
 }  // namespace corvane::linux_desktop

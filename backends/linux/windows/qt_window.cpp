@@ -1,46 +1,35 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/windows/qt_window.h"
 
-#include <QCloseEvent>
 #include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <utility>
 
+#include "linux/windows/control_peers.h"
 #include "linux/windows/control_widgets.h"
+#include "linux/windows/frame.h"
 #include "linux/windows/look.h"
 #include "linux/windows/text_peers.h"
 
 namespace corvane::linux_desktop {
 
-class QtWindow::Frame final : public QMainWindow {
-public:
-    explicit Frame(WindowPeerEvents events) : events_(std::move(events)) {}
-
-    void LetGo() {
-        events_ = {};
-        hide();
-    }
-
-protected:
-    void closeEvent(QCloseEvent* event) override {
-        event->ignore();
-        // A copy, since the handler may let this window go.
-        if (const auto handler = events_.CloseRequested) handler();
-    }
-
-private:
-    WindowPeerEvents events_;
-};
-
-QtWindow::QtWindow(const WindowDescription& description, WindowPeerEvents events)
-    : frame_(new Frame(std::move(events))), client_(new QWidget) {
+QtWindow::QtWindow(const WindowDescription& description, WindowPeerEvents events,
+                   const Pictures& pictures)
+    : pictures_(pictures),
+      position_(description.position),
+      frame_(new Frame(std::move(events))),
+      client_(new QWidget) {
     frame_->setObjectName(Words(description.name));
     frame_->setWindowTitle(Words(description.caption));
-    frame_->setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                           Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
-                           Qt::WindowCloseButtonHint);
     client_->setFixedSize(Pixels(description.client_width), Pixels(description.client_height));
+    if (description.white_background) {
+        QPalette palette = client_->palette();
+        palette.setColor(QPalette::Window, Qt::white);
+        palette.setColor(QPalette::WindowText, Qt::black);
+        client_->setPalette(palette);
+        client_->setAutoFillBackground(true);
+    }
     frame_->setCentralWidget(client_);
     frame_->layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
@@ -56,6 +45,23 @@ void QtWindow::AddFixture(const ControlDescription& control) {
 std::unique_ptr<ITextPeer> QtWindow::AddText(const ControlDescription& control,
                                              TextPeerEvents events) {
     return MakeTextPeer(*Place(control), std::move(events));
+}
+
+std::unique_ptr<IRangePeer> QtWindow::AddRange(const ControlDescription& control) {
+    return MakeRangePeer(*Place(control));
+}
+
+std::unique_ptr<ILabelPeer> QtWindow::AddLabel(const ControlDescription& control) {
+    return MakeLabelPeer(*Place(control), control);
+}
+
+std::unique_ptr<IPicturePeer> QtWindow::AddPicture(const ControlDescription& control) {
+    return MakePicturePeer(*Place(control), pictures_);
+}
+
+std::unique_ptr<IButtonPeer> QtWindow::AddButton(const ControlDescription& control,
+                                                 ButtonPeerEvents events) {
+    return MakeButtonPeer(*Place(control), std::move(events));
 }
 
 void QtWindow::AddMenu(const MenuDescription& menu, std::function<void()> Click) {
@@ -75,14 +81,42 @@ void QtWindow::AddMenu(const MenuDescription& menu, std::function<void()> Click)
 }
 
 void QtWindow::Show() {
-    if (!std::exchange(shown_, true)) OrderTabStops();
+    PrepareToShow();
     frame_->show();
+}
+
+void QtWindow::ShowModal() {
+    PrepareToShow();
+    frame_->ShowModal();
+}
+
+void QtWindow::Hide() {
+    frame_->hide();
+}
+
+void QtWindow::SetBorderStyle(BorderStyle style) {
+    frame_->SetBorderStyle(style);
+}
+
+HWND QtWindow::hWnd() const {
+    return static_cast<HWND>(frame_->winId());
+}
+
+HICON QtWindow::hIcon() const {
+    constexpr HICON kProgramIcon = 1;
+    return kProgramIcon;
+}
+
+void QtWindow::PrepareToShow() {
+    if (std::exchange(shown_, true)) return;
+    OrderTabStops();
+    if (position_ == StartPosition::CentreOfScreen) frame_->MoveToCentre();
 }
 
 QWidget* QtWindow::Place(const ControlDescription& control) {
     QWidget* holder =
         control.container.empty() ? client_ : containers_.find(control.container)->second;
-    QWidget* widget = MakeControlWidget(control, *holder);
+    QWidget* widget = MakeControlWidget(control, *holder, pictures_);
     if (widget == nullptr) return nullptr;
     widget->setGeometry(WidgetPlace(control, *widget));
     if (control.kind == ControlKind::Frame) containers_[std::string(control.name)] = widget;

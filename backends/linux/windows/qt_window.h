@@ -1,7 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QMainWindow>
+#include <QObject>
 #include <map>
 #include <memory>
 #include <string>
@@ -9,32 +9,50 @@
 #include "platform/controls.h"
 
 class QMenu;
+class QWidget;
 
 namespace corvane::linux_desktop {
+
+class Frame;
+class Pictures;
 
 /// A window of fixed size whose menu bar stands above the client area.
 class QtWindow final : public IWindowPeer {
 public:
-    QtWindow(const WindowDescription& description, WindowPeerEvents events);
+    /// `pictures` must outlive the window.
+    QtWindow(const WindowDescription& description, WindowPeerEvents events,
+             const Pictures& pictures);
     ~QtWindow() override;
 
     void AddFixture(const ControlDescription& control) override;
     [[nodiscard]] std::unique_ptr<ITextPeer> AddText(const ControlDescription& control,
                                                      TextPeerEvents events) override;
+    [[nodiscard]] std::unique_ptr<IRangePeer> AddRange(const ControlDescription& control) override;
+    [[nodiscard]] std::unique_ptr<ILabelPeer> AddLabel(const ControlDescription& control) override;
+    [[nodiscard]] std::unique_ptr<IPicturePeer> AddPicture(
+        const ControlDescription& control) override;
+    [[nodiscard]] std::unique_ptr<IButtonPeer> AddButton(const ControlDescription& control,
+                                                         ButtonPeerEvents events) override;
     void AddMenu(const MenuDescription& menu, std::function<void()> Click) override;
     void Show() override;
+    void ShowModal() override;
+    void Hide() override;
+    void SetBorderStyle(BorderStyle style) override;
+    [[nodiscard]] HWND hWnd() const override;
+    [[nodiscard]] HICON hIcon() const override;
 
 private:
     /// The control's widget in its place; nullptr if it is nothing to see.
     QWidget* Place(const ControlDescription& control);
+    void PrepareToShow();
     void OrderTabStops();
 
-    /// Hands a person's wish to close the window over instead of closing it.
-    class Frame;
     struct DeleteLater {
         void operator()(QObject* object) const { object->deleteLater(); }
     };
 
+    const Pictures& pictures_;
+    StartPosition position_;
     // The window may be let go inside one of its own events.
     std::unique_ptr<Frame, DeleteLater> frame_;
     QWidget* client_;

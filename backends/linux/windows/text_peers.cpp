@@ -10,6 +10,7 @@
 #include <string>
 #include <utility>
 
+#include "linux/shown_text.h"
 #include "linux/text_positions.h"
 
 namespace corvane::linux_desktop {
@@ -20,7 +21,6 @@ struct TextState {
     std::string text;
     std::int32_t start = 0;
     std::int32_t length = 0;
-    friend bool operator==(const TextState&, const TextState&) = default;
 };
 
 TextState StateOf(const QString& text, int start, int end) {
@@ -42,19 +42,20 @@ TextState StateOf(const QTextEdit& edit) {
     return StateOf(text, cursor.selectionStart(), cursor.selectionEnd());
 }
 
-void Show(QLineEdit& edit, const std::string& /*shown*/, const std::string& text) {
+void Show(QLineEdit& edit, ShownText& shown, const std::string& text) {
+    shown.Replace(text);
     edit.setText(ControlText(text));
     edit.setCursorPosition(0);
 }
 
 /// Adds to what is shown where it can: a long log would flicker and take its time if it were laid
 /// out anew with each line.
-void Show(QTextEdit& edit, const std::string& shown, const std::string& text) {
+void Show(QTextEdit& edit, ShownText& shown, const std::string& text) {
     QTextDocument& document = *edit.document();
-    if (!shown.empty() && text.starts_with(shown) && !shown.ends_with('\r')) {
+    if (const auto addition = shown.Replace(text)) {
         QTextCursor end(&document);
         end.movePosition(QTextCursor::End);
-        end.insertText(ControlText(std::string_view(text).substr(shown.size())));
+        end.insertText(ControlText(*addition));
         // What the system wrote is not for a person to undo.
         document.clearUndoRedoStacks();
     } else {
@@ -78,8 +79,8 @@ void Mark(QTextEdit& edit, int start, int end) {
 template <class Editor>
 class TextPeer final : public ITextPeer, public QObject {
 public:
-    TextPeer(Editor& editor, TextPeerEvents events)
-        : editor_(&editor), events_(std::move(events)), known_(StateOf(editor)) {
+    TextPeer(Editor& editor, TextPeerEvents events) : editor_(&editor), events_(std::move(events)) {
+        Know(StateOf(editor));
         // One edit comes as several signals, all of them after it is complete.
         connect(&editor, &Editor::textChanged, this, [this] { TellEdit(); });
         connect(&editor, &Editor::cursorPositionChanged, this, [this] { TellEdit(); });
@@ -93,32 +94,40 @@ public:
     void SetText(const std::string& text) override {
         if (!editor_) return;
         const QSignalBlocker quiet(*editor_);
-        Show(*editor_, known_.text, text);
-        known_ = {text, 0, 0};
+        Show(*editor_, shown_, text);
+        start_ = length_ = 0;
     }
 
     void SetSelection(std::int32_t start, std::int32_t length) override {
         if (!editor_) return;
         const QSignalBlocker quiet(*editor_);
-        const int first = ControlPosition(known_.text, start);
-        const int last = length == 0 ? first : ControlPosition(known_.text, start + length);
+        const int first = shown_.ControlPosition(start);
+        const int last = length == 0 ? first : shown_.ControlPosition(start + length);
         Mark(*editor_, first, last);
-        known_.start = start;
-        known_.length = length;
+        start_ = start;
+        length_ = length;
     }
 
 private:
+    void Know(const TextState& state) {
+        shown_ = ShownText(state.text);
+        start_ = state.start;
+        length_ = state.length;
+    }
+
     void TellEdit() {
-        TextState state = StateOf(*editor_);
-        if (state == known_) return;
-        known_ = state;
+        const TextState state = StateOf(*editor_);
+        if (state.start == start_ && state.length == length_ && state.text == shown_.text()) return;
+        Know(state);
         // A copy, since the handler may let this control go.
         if (const auto handler = events_.Edited) handler(state.text, state.start, state.length);
     }
 
     QPointer<Editor> editor_;
     TextPeerEvents events_;
-    TextState known_;
+    ShownText shown_;
+    std::int32_t start_ = 0;
+    std::int32_t length_ = 0;
 };
 
 }  // namespace

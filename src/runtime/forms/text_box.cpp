@@ -2,6 +2,7 @@
 #include "runtime/forms/text_box.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "runtime/forms/form.h"
 #include "runtime/text.h"
@@ -17,9 +18,9 @@ TextBox::TextBox(Form& form, std::string_view name) : text_(form.Describe(name).
     peer_ = form.window().AddText(form.Describe(name), std::move(events));
 }
 
-void TextBox::SetText(const std::string& text) {
+void TextBox::SetText(std::string text) {
     const bool changed = text != text_;
-    text_ = text;
+    text_ = std::move(text);
     sel_start_ = 0;
     sel_length_ = 0;
     peer_->SetText(text_);

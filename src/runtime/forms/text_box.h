@@ -26,7 +26,7 @@ public:
 
     [[nodiscard]] const std::string& Text() const { return text_; }
     /// The caret moves to the start.
-    void SetText(const std::string& text);
+    void SetText(std::string text);
 
     void SetFocus();
 

@@ -78,7 +78,7 @@ protected:
         return *frame().findChild<Widget*>(name);
     }
 
-    QtToolkit toolkit;
+    QtToolkit toolkit{"no pictures"};
     std::unique_ptr<IWindowPeer> window;
     std::unique_ptr<ITextPeer> line, log;
     std::vector<Edit> edits;
@@ -187,10 +187,3 @@ TEST_F(QtWindowTest, MenuEntryTellsItsClick) {
 
 }  // namespace
 }  // namespace corvane::linux_desktop
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}

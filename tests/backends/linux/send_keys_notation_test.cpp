@@ -36,6 +36,15 @@ TEST(SendKeysNotation, BracesAroundOneCharacterMeanThatCharacter) {
               (Strokes{{U'^'}, {U'+'}, {U'%'}, {U'~'}, {U'('}, {U'{'}, {U'}'}}));
 }
 
+TEST(SendKeysNotation, ControlCharacterIsTheCombinationThatMakesIt) {
+    EXPECT_EQ(
+        ParseKeys("\r\t\b\x1B"),
+        (Strokes{{NamedKey::Enter}, {NamedKey::Tab}, {NamedKey::Backspace}, {NamedKey::Escape}}));
+    EXPECT_EQ(ParseKeys("\x10"), (Strokes{{.key = U'p', .control = true}}));
+    EXPECT_EQ(ParseKeys("\x1C"), (Strokes{{.key = U'\\', .control = true}}));
+    EXPECT_EQ(ParseKeys("%\x01"), (Strokes{{.key = U'a', .control = true, .alt = true}}));
+}
+
 TEST(SendKeysNotation, NoKeysAreNoStrokes) {
     EXPECT_EQ(ParseKeys(""), Strokes{});
 }

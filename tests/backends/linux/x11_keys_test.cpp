@@ -92,6 +92,16 @@ TEST_F(X11KeysTest, ModifierThatAPersonHoldsIsOutOfForceAndHeldAgain) {
     EXPECT_EQ(held, std::vector{control});
 }
 
+TEST_F(X11KeysTest, KeyThatAPersonStillHoldsIsTypedAllTheSame) {
+    OpenWindow();
+    const auto key = X11Keyboard(x).Find({U'h'})->code;
+    Finger(XCB_KEY_PRESS, key);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return edit.text() == "h"; }, kBound));
+    Send("He");
+    Finger(XCB_KEY_RELEASE, key);
+    EXPECT_EQ(edit.text(), "hHe");
+}
+
 TEST_F(X11KeysTest, ProgramThatDoesNotAnswerIsTypedIntoAsWell) {
     const TemporaryFolder folder;
     QProcess terminal;

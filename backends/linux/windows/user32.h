@@ -1,0 +1,16 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/user32.h"
+
+namespace corvane::linux_desktop {
+
+/// Calls on windows of this program; those of others take no messages.
+class User32 final : public IUser32 {
+public:
+    bool ReleaseCapture() override;
+    std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
+                              std::int32_t lParam) override;
+};
+
+}  // namespace corvane::linux_desktop
