@@ -1,9 +1,12 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <thread>
+#include <vector>
 
 #include "engine/audio/memory_source.h"
 #include "engine/audio/pulse_capture.h"
@@ -87,12 +90,26 @@ TEST(SampleQueue, ClosingWakesWhoeverWaits) {
     waiting.join();
 }
 
-TEST(PulseCapture, WithoutAServerItWaitsUntilItIsInterrupted) {
+TEST(PulseCapture, WithoutAServerItDeliversSilenceInItsOwnTime) {
+    setenv("PULSE_SERVER", "unix:/nowhere/pulse", 1);
+    PulseCapture capture("test");
+    const auto begin = std::chrono::steady_clock::now();
+    std::vector<std::int16_t> heard;
+    std::array<std::int16_t, 1600> block{};
+    while (heard.size() < 2 * std::size_t{kSampleRate})
+        heard.insert(heard.end(), block.begin(),
+                     block.begin() + static_cast<std::ptrdiff_t>(capture.Read(block)));
+    EXPECT_EQ(std::ranges::count(heard, 0), std::ssize(heard));
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(900));
+}
+
+TEST(PulseCapture, InterruptedItIsAtItsEnd) {
     setenv("PULSE_SERVER", "unix:/nowhere/pulse", 1);
     PulseCapture capture("test");
     std::thread waiting([&capture] {
         std::array<std::int16_t, 1> block{};
-        EXPECT_EQ(capture.Read(block), 0U);
+        while (capture.Read(block) != 0) {
+        }
     });
     capture.Interrupt();
     waiting.join();

@@ -130,7 +130,10 @@ TEST_F(Contexts, ContextMayBeReplacedByItsOwnHandler) {
                              grammar.reset();
                              told = Told(result);
                          },
-                     .Hypothesis = {}});
+                     .Hypothesis = {},
+                     .AudioLevel = {},
+                     .Interference = {},
+                     .Adaptation = {}});
     context->SetEventInterests(SRERecognition);
     room.microphone.Hear(Say("what time is it"));
     ASSERT_TRUE(room.messages.WaitForOne());

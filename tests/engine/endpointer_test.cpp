@@ -46,6 +46,13 @@ TEST_F(EndpointerTest, DigitalSilenceIsNoSpeech) {
     EXPECT_EQ(Hear(300, 1.0), kNothing);
 }
 
+TEST_F(EndpointerTest, RoomAfterDigitalSilenceIsNoSpeech) {
+    Hear(300, 0.0);
+    EXPECT_EQ(Hear(300, kRoom), kNothing);
+    Hear(300, 0.0);
+    EXPECT_EQ(Hear(300, kRoom), kNothing);
+}
+
 TEST_F(EndpointerTest, SoundCardsOffsetIsNoSound) {
     EXPECT_EQ(Hear(100, kRoom), kNothing);
     EXPECT_EQ(Hear(100, kRoom, 900.0), kNothing);

@@ -102,7 +102,13 @@ Listening::Listening(SpeechEngine& engine, const std::string& grammar_file, std:
          .Hypothesis =
              [this](std::int32_t, const Variant&, std::shared_ptr<ISpeechRecoResult> result) {
                  supposed.push_back(std::move(result));
-             }});
+             },
+         .AudioLevel = [this](std::int32_t, const Variant&,
+                              std::int32_t level) { levels.push_back(level); },
+         .Interference = [this](
+                             std::int32_t, const Variant&,
+                             std::int32_t interference) { interferences.push_back(interference); },
+         .Adaptation = {}});
     grammar->CmdLoadFromFile(grammar_file, SLODynamic);
     grammar->CmdSetRuleIdState(0, SGDSActive);
     context->SetEventInterests(interests);

@@ -54,6 +54,8 @@ public:
     std::vector<std::shared_ptr<ISpeechRecoResult>> recognised;
     std::vector<std::shared_ptr<ISpeechRecoResult>> supposed;
     std::vector<std::int64_t> positions;  ///< of what was recognised
+    std::vector<std::int32_t> levels;
+    std::vector<std::int32_t> interferences;
 
     Listening(const Listening&) = delete;
     Listening& operator=(const Listening&) = delete;

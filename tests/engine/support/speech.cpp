@@ -12,11 +12,12 @@ bool CanSpeak() {
     return std::system("command -v flite > /dev/null 2>&1") == 0;
 }
 
-Sound Say(const std::string& text, const std::string& voice) {
+Sound Say(const std::string& text, const std::string& voice, double stretch) {
     const TemporaryFile words(text);
     const TemporaryFile sound;
-    const std::string command =
-        "flite -voice " + voice + " -f '" + words.Path() + "' -o '" + sound.Path() + "'";
+    const std::string command = "flite -voice " + voice +
+                                " --setf duration_stretch=" + std::to_string(stretch) + " -f '" +
+                                words.Path() + "' -o '" + sound.Path() + "'";
     if (std::system(command.c_str()) != 0) return {};
     using std::chrono_literals::operator""ms;
     return Joined(Joined(Stillness(400ms), ReadWavFile(sound.Path())), Stillness(500ms));

@@ -14,7 +14,9 @@ using Sound = std::vector<std::int16_t>;
 [[nodiscard]] bool CanSpeak();
 
 /// The text as a voice of flite ("slt", "rms", "awb") says it, with stillness on both sides.
-[[nodiscard]] Sound Say(const std::string& text, const std::string& voice = "slt");
+/// stretch: how many times as long as usual it takes.
+[[nodiscard]] Sound Say(const std::string& text, const std::string& voice = "slt",
+                        double stretch = 1.0);
 
 [[nodiscard]] Sound Stillness(std::chrono::milliseconds duration);
 

@@ -1,0 +1,18 @@
+#!/bin/bash
+# Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+# usage: exit_corvane_says_goodbye.bash EXECUTABLE
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/helpers.bash"
+
+start_and_wait "$1"
+parec --raw --rate=16000 --channels=1 --format=s16le --device=corvane_speaker.monitor \
+    > "$scratch/spoken.raw" &
+recorder=$!
+"$tools/say-into-mic" --voice rms exit corvane
+expect "the process ends within 1.5 seconds" wait_until 2 program_has_ended
+kill "$recorder"
+expect "goodbye was to be heard" test "$(loudness "$scratch/spoken.raw")" -gt 100
+status=0
+wait "$program" || status=$?
+program=
+expect "it ended without an error" equal "$status" 0
