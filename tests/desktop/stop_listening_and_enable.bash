@@ -12,7 +12,7 @@ expect "the program was told to stop listening" wait_until 10 accepted_are 1 "st
 expect "a command is not accepted now" stays_so 4 accepted_are 1
 expect "and starts nothing" terminals_are 0
 
-"$tools/say-into-mic" enable
+"$tools/say-into-mic" --voice rms enable
 expect "the program was told to listen again" wait_until 10 accepted_are 1 "enable"
 
 "$tools/say-into-mic" run notepad please
