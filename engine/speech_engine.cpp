@@ -5,6 +5,7 @@
 
 #include "engine/recogniser/reco_context.h"
 #include "engine/recogniser/recogniser.h"
+#include "engine/voice/voice.h"
 
 namespace corvane {
 
@@ -25,6 +26,10 @@ std::shared_ptr<ISpeechRecoContext> SpeechEngine::CreateSpSharedRecoContext() {
         recogniser_ = std::make_shared<engine::Recogniser>(config_.acoustic_model,
                                                            config_.dictionary, *source_, post_);
     return engine::RecoContext::Create(recogniser_);
+}
+
+std::shared_ptr<ISpeechVoice> SpeechEngine::CreateSpVoice() {
+    return std::make_shared<engine::Voice>(config_.client_name);
 }
 
 void SpeechEngine::WaitForEndOfStream() {

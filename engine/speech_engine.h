@@ -20,10 +20,11 @@ struct SpeechEngineConfig {
 
     std::string acoustic_model;  ///< folder of a PocketSphinx acoustic model, 16 kHz, US English
     std::string dictionary;      ///< words and their phones, in the dictionary format of that model
+    std::string client_name = "KT Corvane";  ///< what the user's sound settings call the voice
 };
 
-/// A speech recogniser that stands alone: command grammars on the sound of one source, shared by
-/// any number of contexts.
+/// A speech engine that stands alone: a recogniser of command grammars on the sound of one source,
+/// shared by any number of contexts, and voices on the default audio output.
 ///
 /// Hands out the objects of speech_api.h; they and the engine are for one thread, the message
 /// loop's. A thread of the engine's own reads the source and hands every event to `post`, which
@@ -44,6 +45,9 @@ public:
     /// The first call loads the acoustic model; raises kAutomationError when it or the dictionary
     /// can't be read. A new context has no event interests.
     [[nodiscard]] std::shared_ptr<ISpeechRecoContext> CreateSpSharedRecoContext() override;
+
+    /// Raises kAutomationError when no voice is installed. A missing sound server is no error.
+    [[nodiscard]] std::shared_ptr<ISpeechVoice> CreateSpVoice() override;
 
     /// Waits until the source has come to its end and all events of it were posted; for files,
     /// since a microphone has no end. Returns at once when nothing listens.

@@ -13,10 +13,18 @@
 namespace corvane::engine {
 namespace {
 
-constexpr auto kRetryAfter = std::chrono::seconds(1);
+using Clock = std::chrono::steady_clock;
+
+/// Between two attempts, and how long a stream may keep back its sound before it counts as silent.
+constexpr auto kPatience = std::chrono::seconds(1);
 constexpr std::size_t kQueueSamples = std::size_t{20} * kSampleRate;
-constexpr std::size_t kSilenceAfterBreak = kSampleRate / 2;
+constexpr std::size_t kSilentSamples = kPatience.count() * std::size_t{kSampleRate};
 constexpr std::uint32_t kFragmentBytes = kSampleRate / 50 * sizeof(std::int16_t);  // 20 ms
+
+/// What the recogniser hears of a microphone that isn't there.
+void PushSilence(SampleQueue& queue) {
+    queue.Push(std::vector<std::int16_t>(kSilentSamples));
+}
 
 /// One connection to the server, from the attempt to its end.
 class Session {
@@ -45,7 +53,20 @@ public:
     Session& operator=(const Session&) = delete;
 
     [[nodiscard]] bool Broken() const { return broken_; }
-    [[nodiscard]] bool HasHeard() const { return heard_; }
+
+    /// Waits for what the server has to say, at most kPatience in all since it last gave sound;
+    /// then its silence is put down as such.
+    void Iterate(pa_mainloop* loop) {
+        const auto left =
+            std::chrono::ceil<std::chrono::microseconds>(patient_until_ - Clock::now());
+        if (left.count() <= 0) {
+            PushSilence(queue_);
+            patient_until_ += kPatience;
+        } else if (pa_mainloop_prepare(loop, static_cast<int>(left.count())) < 0 ||
+                   pa_mainloop_poll(loop) < 0 || pa_mainloop_dispatch(loop) < 0) {
+            broken_ = true;
+        }
+    }
 
 private:
     void ContextChanged() {
@@ -94,7 +115,7 @@ private:
                 queue_.Push({static_cast<const std::int16_t*>(data), count});
             else
                 queue_.Push(std::vector<std::int16_t>(count));
-            heard_ = true;
+            patient_until_ = Clock::now() + kPatience;
             pa_stream_drop(stream_.get());
         }
     }
@@ -108,7 +129,7 @@ private:
     std::unique_ptr<pa_context, Release> context_;
     std::unique_ptr<pa_stream, Release> stream_;
     bool broken_ = true;
-    bool heard_ = false;
+    Clock::time_point patient_until_ = Clock::now() + kPatience;
 };
 
 }  // namespace
@@ -147,16 +168,15 @@ bool PulseCapture::Stopping() {
 
 bool PulseCapture::WaitToRetry() {
     std::unique_lock lock(mutex_);
-    return stop_requested_.wait_for(lock, kRetryAfter, [this] { return stopping_; });
+    return stop_requested_.wait_for(lock, kPatience, [this] { return stopping_; });
 }
 
 void PulseCapture::Run() {
     if (!loop_) return;
     do {
         Session session(loop_.get(), client_name_, queue_);
-        while (!session.Broken() && !Stopping())
-            if (pa_mainloop_iterate(loop_.get(), 1, nullptr) < 0) break;
-        if (session.HasHeard()) queue_.Push(std::vector<std::int16_t>(kSilenceAfterBreak));
+        while (!session.Broken() && !Stopping()) session.Iterate(loop_.get());
+        PushSilence(queue_);  // for the wait ahead
     } while (!WaitToRetry());
 }
 

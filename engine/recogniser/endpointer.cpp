@@ -2,7 +2,8 @@
 #include "engine/recogniser/endpointer.h"
 
 #include <algorithm>
-#include <cmath>
+
+#include "engine/recogniser/sound_level.h"
 
 namespace corvane::engine {
 namespace {
@@ -20,23 +21,13 @@ constexpr double kFallPerFrame = 0.25;          // of the distance
 constexpr double kRisePerFrame = 0.06;          // dB, 6 dB a second
 constexpr double kRisePerFrameInSpeech = 0.01;  // dB, 1 dB a second
 
-// Without the mean: a sound card's constant offset is no sound.
-double Level(std::span<const std::int16_t> frame) {
-    double sum = 0.0;
-    double squares = 0.0;
-    for (const double sample : frame) {
-        sum += sample;
-        squares += sample * sample;
-    }
-    const auto n = static_cast<double>(frame.size());
-    const double mean = sum / n;
-    return 10.0 * std::log10(std::max(squares / n - mean * mean, 1.0));
-}
-
 }  // namespace
 
 void Endpointer::FollowNoise(double level) {
-    if (position_ == 0) floor_ = std::min(level, kHighestFirstFloor);
+    // Digital silence is a switch or a gate, and tells nothing of the room.
+    if (level <= 0.0) return;
+    if (!room_known_) floor_ = std::min(level, kHighestFirstFloor);
+    room_known_ = true;
     if (level < floor_)
         floor_ += kFallPerFrame * (level - floor_);
     else
@@ -45,7 +36,7 @@ void Endpointer::FollowNoise(double level) {
 }
 
 Endpointer::Event Endpointer::Push(std::span<const std::int16_t> frame) {
-    const double level = Level(frame);
+    const double level = Decibels(frame);
     FollowNoise(level);
     const bool loud = level > floor_ + kSpeechAboveFloor;
     loud_ <<= 1;

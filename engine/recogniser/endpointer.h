@@ -54,6 +54,7 @@ private:
     std::int64_t earliest_begin_ = 0;
     bool in_speech_ = false;
     std::bitset<10> loud_;  ///< the last frames, newest first
+    bool room_known_ = false;
     double floor_ = 0.0;
     std::vector<double> levels_;  ///< of the utterance under way
 };

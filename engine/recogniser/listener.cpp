@@ -17,7 +17,7 @@ constexpr std::int64_t kBytesPerFrame = Endpointer::kFrameSamples * sizeof(std::
 constexpr std::size_t kKeptSamples =
     (Endpointer::kLeadingFrames + Endpointer::kTrailingFrames + 20) * Endpointer::kFrameSamples;
 
-constexpr std::int64_t kFramesPerHypothesis = 10;
+constexpr std::int64_t kFramesPerHypothesis = 20;
 
 bool IsWord(const PathSegment& segment) {
     return segment.word != PathSegment::kFiller;
@@ -25,8 +25,12 @@ bool IsWord(const PathSegment& segment) {
 
 }  // namespace
 
-Listener::Listener(std::unique_ptr<Decoder> decoder, AudioSource& source, Post post)
-    : decoder_(std::move(decoder)), source_(source), post_(std::move(post)) {}
+Listener::Listener(std::unique_ptr<Decoder> decoder, AudioSource& source, Post post,
+                   std::weak_ptr<Audience> audience)
+    : decoder_(std::move(decoder)),
+      source_(source),
+      post_(std::move(post)),
+      feedback_(std::move(audience), post_) {}
 
 Listener::~Listener() {
     stopping_ = true;
@@ -79,7 +83,9 @@ void Listener::TakeVocabulary() {
 
 void Listener::Hear(std::span<const std::int16_t> frame) {
     sound_.insert(sound_.end(), frame.begin(), frame.end());
-    switch (endpointer_.Push(frame)) {
+    const Endpointer::Event event = endpointer_.Push(frame);
+    feedback_.Hear(frame, endpointer_.Position() * kBytesPerFrame, interests_);
+    switch (event) {
         case Endpointer::Event::speech_began:
             BeginHypotheses();
             break;
@@ -106,7 +112,7 @@ std::span<const std::int16_t> Listener::Utterance() const {
 
 void Listener::BeginHypotheses() {
     supposed_.clear();
-    supposing_ = hypotheses_wanted_;
+    supposing_ = (interests_ & SREHypothesis) != 0;
     if (!supposing_) return;
     decoder_->BeginLive();
     decoder_->FeedLive(Utterance());
@@ -129,9 +135,22 @@ void Listener::EndUtterance() {
     supposing_ = false;
     const Path path = decoder_->Decode(Utterance());
     std::optional<RecognisedPhrase> phrase = PhraseOf(path, since);
-    if (!phrase) return;
-    phrase->latency += kFrame * (endpointer_.Position() - endpointer_.LastLoud());
-    PostResult(*std::move(phrase), path, true);
+    const SpeechEngineConfidence confidence = phrase ? phrase->confidence : SECLowConfidence;
+    if (phrase) {
+        phrase->latency += kFrame * (endpointer_.Position() - endpointer_.LastLoud());
+        PostResult(*std::move(phrase), path, true);
+    }
+    TellHowItWasSaid(path, confidence);
+}
+
+void Listener::TellHowItWasSaid(const Path& path, SpeechEngineConfidence confidence) {
+    const std::int64_t frames = endpointer_.LastLoud() - endpointer_.Begin();
+    // What finds no end is the room.
+    if (endpointer_.Position() - endpointer_.Begin() >= Endpointer::kLongestFrames) return;
+    UtteranceSound sound = MeasureUtterance(
+        Utterance().first(static_cast<std::size_t>(frames) * Endpointer::kFrameSamples));
+    if (confidence > SECLowConfidence) MeasurePace(sound, path, vocabulary_->graph);
+    feedback_.HearUtterance(sound, endpointer_.Position() * kBytesPerFrame, interests_);
 }
 
 std::optional<RecognisedPhrase> Listener::PhraseOf(const Path& path,

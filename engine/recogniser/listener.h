@@ -4,7 +4,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -17,6 +16,7 @@
 #include "engine/recogniser/decoder.h"
 #include "engine/recogniser/endpointer.h"
 #include "engine/recogniser/reco_result.h"
+#include "engine/recogniser/sound_feedback.h"
 #include "engine/recogniser/vocabulary.h"
 
 namespace corvane::engine {
@@ -25,9 +25,10 @@ namespace corvane::engine {
 /// a target itself, it only posts.
 class Listener {
 public:
-    using Post = std::function<void(std::function<void()>)>;
+    using Post = SoundFeedback::Post;
 
-    Listener(std::unique_ptr<Decoder> decoder, AudioSource& source, Post post);
+    Listener(std::unique_ptr<Decoder> decoder, AudioSource& source, Post post,
+             std::weak_ptr<Audience> audience);
     /// Stops: nothing is posted any more.
     ~Listener();
     Listener(const Listener&) = delete;
@@ -39,8 +40,8 @@ public:
     /// What can be said from now on. An utterance under way is judged by it from its beginning.
     void SetVocabulary(std::shared_ptr<const Vocabulary> vocabulary);
 
-    /// Whether somebody wants to know what an utterance under way may become.
-    void WantHypotheses(bool wanted) { hypotheses_wanted_ = wanted; }
+    /// What anybody wants to know: a sum of SpeechRecoEvents.
+    void SetInterests(std::int32_t interests) { interests_ = interests; }
 
     void WaitForEndOfStream();
 
@@ -54,6 +55,7 @@ private:
     void BeginHypotheses();
     void Suppose();
     void EndUtterance();
+    void TellHowItWasSaid(const Path& path, SpeechEngineConfidence confidence);
     [[nodiscard]] std::span<const std::int16_t> Utterance() const;
     [[nodiscard]] std::optional<RecognisedPhrase> PhraseOf(const Path& path,
                                                            Clock::time_point since) const;
@@ -65,12 +67,13 @@ private:
 
     std::mutex mutex_;
     std::shared_ptr<const Vocabulary> next_vocabulary_;  ///< guarded by mutex_
-    std::atomic<bool> hypotheses_wanted_ = false;
+    std::atomic<std::int32_t> interests_ = 0;
     std::atomic<bool> stopping_ = false;
 
     // The thread's own.
     std::shared_ptr<const Vocabulary> vocabulary_;
     Endpointer endpointer_;
+    SoundFeedback feedback_;
     std::vector<std::int16_t> sound_;  ///< of the utterance, or the last moment of stillness
     std::int64_t sound_begin_ = 0;     ///< frame of the stream at which it begins
     bool supposing_ = false;

@@ -60,4 +60,15 @@ void RecoContext::Supposed(std::int64_t position, std::shared_ptr<ISpeechRecoRes
         handler(kOnlyStream, position, std::move(result));
 }
 
+void RecoContext::HeardLevel(std::int64_t position, std::int32_t level) {
+    const auto handler = events_.AudioLevel;
+    if ((interests_ & SREAudioLevel) != 0 && handler) handler(kOnlyStream, position, level);
+}
+
+void RecoContext::HeardInterference(std::int64_t position, std::int32_t interference) {
+    const auto handler = events_.Interference;
+    if ((interests_ & SREInterference) != 0 && handler)
+        handler(kOnlyStream, position, interference);
+}
+
 }  // namespace corvane::engine

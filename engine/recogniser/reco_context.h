@@ -30,6 +30,8 @@ public:
     void AddActiveRules(std::vector<const GrammarRule*>& rules) const override;
     void Recognised(std::int64_t position, std::shared_ptr<ISpeechRecoResult> result) override;
     void Supposed(std::int64_t position, std::shared_ptr<ISpeechRecoResult> result) override;
+    void HeardLevel(std::int64_t position, std::int32_t level) override;
+    void HeardInterference(std::int64_t position, std::int32_t interference) override;
 
 private:
     explicit RecoContext(std::shared_ptr<Recogniser> recogniser);

@@ -1,26 +1,17 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include "engine/audio/audio_source.h"
 #include "engine/grammar/grammar.h"
 #include "engine/grammar/lexicon.h"
+#include "engine/recogniser/audience.h"
 #include "engine/recogniser/listener.h"
-#include "engine/recogniser/vocabulary.h"
 
 namespace corvane::engine {
-
-/// What the shared recogniser has to know of a context.
-class RecogniserClient : public ResultTarget {
-public:
-    /// Adds the rules that it listens for now. They must live until the call that asked is over.
-    virtual void AddActiveRules(std::vector<const GrammarRule*>& rules) const = 0;
-    [[nodiscard]] virtual std::int32_t EventInterests() const = 0;
-};
 
 /// The one recogniser that all contexts share. For the loop's thread; the listening goes on on
 /// another.
@@ -30,7 +21,7 @@ public:
     Recogniser(const std::string& acoustic_model, const std::string& dictionary,
                AudioSource& source, Listener::Post post);
 
-    void Join(std::weak_ptr<RecogniserClient> client);
+    void Join(std::weak_ptr<RecogniserClient> client) { audience_->Join(std::move(client)); }
 
     /// Makes the words of a grammar speakable.
     void Learn(const Grammar& grammar) { lexicon_.Learn(grammar); }
@@ -47,11 +38,9 @@ public:
     void Stop();
 
 private:
-    [[nodiscard]] std::vector<std::shared_ptr<RecogniserClient>> Clients();
-
     Lexicon lexicon_;
-    std::vector<std::weak_ptr<RecogniserClient>> clients_;  ///< in the order of joining
-    std::unique_ptr<Listener> listener_;                    ///< empty once stopped
+    std::shared_ptr<Audience> audience_ = std::make_shared<Audience>();
+    std::unique_ptr<Listener> listener_;  ///< empty once stopped
 };
 
 }  // namespace corvane::engine

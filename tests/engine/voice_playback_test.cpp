@@ -1,0 +1,182 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+// The voice as it is heard: on a virtual desktop, whose speaker is recorded. Its sink delivers
+// sound in blocks of 20 ms, which is how far times can be trusted.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "engine/audio/pulse_capture.h"
+#include "engine/voice/voice.h"
+
+namespace corvane::engine {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+using std::chrono_literals::operator""ms;
+
+constexpr std::int32_t kFlags = SVSFlagsAsync + SVSFPurgeBeforeSpeak + SVSFIsXML;
+constexpr auto kBlock = 20ms;
+constexpr auto kBound = 10000ms;
+constexpr double kLoud = 50;  // root mean square; the speaker's silence is digital
+
+/// Hears the speaker and notes when each block came and how loud it was.
+class Ear {
+public:
+    Ear() : thread_([this] { Run(); }) {
+        (void)WaitFor([](const auto& blocks) { return !blocks.empty(); });
+    }
+    ~Ear() {
+        speaker_.Interrupt();
+        thread_.join();
+    }
+    Ear(const Ear&) = delete;
+    Ear& operator=(const Ear&) = delete;
+
+    /// Waits until sound has been heard for this long; false if that takes too long.
+    [[nodiscard]] bool WaitForSound(milliseconds duration) {
+        return WaitFor([duration](const auto& blocks) {
+            return std::ranges::count_if(blocks, IsLoud) * kBlock >= duration;
+        });
+    }
+
+    /// Waits until all until now has been recorded.
+    void CatchUp() {
+        const auto now = steady_clock::now();
+        (void)WaitFor(
+            [now](const auto& blocks) { return !blocks.empty() && blocks.back().at > now; });
+    }
+
+    [[nodiscard]] std::vector<steady_clock::time_point> LoudTimes() {
+        const std::lock_guard lock(mutex_);
+        std::vector<steady_clock::time_point> times;
+        for (const Block& block : blocks_)
+            if (IsLoud(block)) times.push_back(block.at);
+        return times;
+    }
+
+private:
+    struct Block {
+        steady_clock::time_point at;
+        double loudness;
+    };
+
+    static bool IsLoud(const Block& block) { return block.loudness > kLoud; }
+
+    template <typename Condition>
+    bool WaitFor(Condition condition) {
+        const auto deadline = steady_clock::now() + kBound;
+        while (steady_clock::now() < deadline) {
+            {
+                const std::lock_guard lock(mutex_);
+                if (condition(blocks_)) return true;
+            }
+            std::this_thread::sleep_for(1ms);
+        }
+        return false;
+    }
+
+    void Run() {
+        std::array<std::int16_t, kSampleRate / 50> samples{};
+        std::size_t filled = 0;
+        while (const std::size_t count = speaker_.Read(std::span(samples).subspan(filled))) {
+            filled += count;
+            if (filled < samples.size()) continue;
+            filled = 0;
+            double energy = 0;
+            for (const double sample : samples) energy += sample * sample;
+            const std::lock_guard lock(mutex_);
+            blocks_.push_back(
+                {steady_clock::now(), std::sqrt(energy / static_cast<double>(samples.size()))});
+        }
+    }
+
+    PulseCapture speaker_{"ear"};
+    std::mutex mutex_;
+    std::vector<Block> blocks_;
+    std::thread thread_;
+};
+
+class HeardVoice : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() { setenv("PULSE_SOURCE", "corvane_speaker.monitor", 1); }
+
+    static milliseconds Between(steady_clock::time_point from, steady_clock::time_point to) {
+        return std::chrono::duration_cast<milliseconds>(to - from);
+    }
+
+    Ear ear;
+    Voice voice{"test"};
+};
+
+TEST_F(HeardVoice, IsHeardSoonAndIsDoneWhenItFallsSilent) {
+    const auto begun = steady_clock::now();
+    voice.Speak("<emph>goodbye</emph> ", kFlags);
+    ASSERT_TRUE(voice.WaitUntilDone(1000));
+    const auto done = steady_clock::now();
+    ear.CatchUp();
+    const auto loud = ear.LoudTimes();
+    ASSERT_FALSE(loud.empty());
+    RecordProperty("first_sound_ms", static_cast<int>(Between(begun, loud.front()).count()));
+    RecordProperty("done_after_last_sound_ms",
+                   static_cast<int>(Between(loud.back(), done).count()));
+    EXPECT_LT(Between(begun, loud.front()), 150ms);
+    EXPECT_GT(Between(loud.back(), done), -60ms) << "it was done before it was heard";
+    EXPECT_LT(Between(loud.back(), done), 250ms);
+}
+
+TEST_F(HeardVoice, PurgeFallsSilent) {
+    voice.Speak("This is a long sentence which nobody is going to hear to its very end.", kFlags);
+    ASSERT_TRUE(ear.WaitForSound(300ms));
+    const auto purged = steady_clock::now();
+    voice.Speak("", kFlags);
+    EXPECT_TRUE(voice.WaitUntilDone(500));
+    for (int i = 0; i < 20; ++i) ear.CatchUp();
+    const auto loud = ear.LoudTimes();
+    RecordProperty("last_sound_ms", static_cast<int>(Between(purged, loud.back()).count()));
+    EXPECT_LT(Between(purged, loud.back()), 50ms + 2 * kBlock);
+}
+
+TEST_F(HeardVoice, SaysTheNewTextAfterAPurge) {
+    voice.Speak("<silence msec=\"60000\"/>", kFlags);
+    EXPECT_FALSE(voice.WaitUntilDone(100));
+    voice.Speak("hello", kFlags);
+    EXPECT_TRUE(ear.WaitForSound(100ms));
+    EXPECT_TRUE(voice.WaitUntilDone(2000));
+}
+
+TEST_F(HeardVoice, TakesTheTimeOfItsSound) {
+    for (const int length : {10, 100, 400}) {
+        const auto begun = steady_clock::now();
+        voice.Speak("<silence msec=\"" + std::to_string(length) + "\"/>", kFlags);
+        ASSERT_TRUE(voice.WaitUntilDone(2000));
+        EXPECT_GE(Between(begun, steady_clock::now()), milliseconds(length - 5));
+        EXPECT_LT(Between(begun, steady_clock::now()), milliseconds(length + 150));
+    }
+}
+
+TEST_F(HeardVoice, TextsThatWereQueuedAreAllHeardOut) {
+    const auto begun = steady_clock::now();
+    for (int i = 0; i < 3; ++i) voice.Speak("<silence msec=\"200\"/>", SVSFlagsAsync + SVSFIsXML);
+    EXPECT_FALSE(voice.WaitUntilDone(500));
+    EXPECT_TRUE(voice.WaitUntilDone(2000));
+    EXPECT_LT(Between(begun, steady_clock::now()), 900ms);
+}
+
+TEST_F(HeardVoice, CanBeInterruptedAgainAndAgain) {
+    for (int i = 0; i < 50; ++i) {
+        voice.Speak("interrupted", kFlags);
+        (void)voice.WaitUntilDone(i);
+    }
+    EXPECT_TRUE(voice.WaitUntilDone(2000));
+}
+
+}  // namespace
+}  // namespace corvane::engine
