@@ -11,47 +11,61 @@ namespace {
 // weights.
 constexpr double kScoreUnit = 100.0;
 
-// Linear discriminant between right commands and everything else (other speech, near misses,
-// noises), fitted by logistic regression on synthesised and real recordings; see README.md.
-constexpr double kMeanWeight = 19.96;
-constexpr double kWorstWordWeight = 7.41;
-constexpr double kLengthWeight = 2.32;
-constexpr double kPaceWeight = -1.76;
-constexpr double kFillerWeight = -5.34;
-constexpr double kOffset = 17.54;
-
-// Scores are logistic(discriminant): 1.0 for high, -1.0 for normal.
-constexpr double kHighScore = 0.731;
+// Scores are logistic(discriminant): 1.5 for high, -1.0 for normal.
+constexpr double kHighScore = 0.818;
 constexpr double kNormalScore = 0.269;
 
-double Frames(const PathSegment& segment) {
-    return segment.last_frame - segment.first_frame + 1;
+// More phones than this tell no more.
+constexpr double kManyPhones = 40.0;
+
+/// What the scores of a path's segments tell by themselves. Scores are means over frames.
+struct SegmentEvidence {
+    double mean = 0.0;
+    double worst_word = 0.0;
+    double word_frames = 0.0;
+    double all_frames = 0.0;
+    double letters = 0.0;
+};
+
+SegmentEvidence EvidenceOfSegments(const Path& path, const WordGraph& graph) {
+    SegmentEvidence evidence;
+    double acoustic = 0.0;
+    for (const PathSegment& segment : path) {
+        const double frames = segment.last_frame - segment.first_frame + 1;
+        const double score = segment.acoustic / kScoreUnit;
+        evidence.all_frames += frames;
+        acoustic += score;
+        if (segment.word == PathSegment::kFiller) continue;
+        evidence.word_frames += frames;
+        evidence.worst_word = std::min(evidence.worst_word, score / frames);
+        evidence.letters += static_cast<double>(
+            graph.words[static_cast<std::size_t>(segment.word)].spelling.size());
+    }
+    evidence.mean = acoustic / evidence.all_frames;
+    return evidence;
+}
+
+// Linear discriminants between right commands and everything else (other speech, near misses,
+// noises), fitted by logistic regression on synthesised and real recordings; see README.md.
+
+double WithoutPhones(const SegmentEvidence& path) {
+    return 19.96 * path.mean + 7.41 * path.worst_word + 2.32 * std::log(path.word_frames / 100.0) -
+           1.76 * path.word_frames / path.letters / 10.0 -
+           5.34 * (path.all_frames - path.word_frames) / path.all_frames + 17.54;
+}
+
+double WithPhones(const SegmentEvidence& path, const PhoneEvidence& phones) {
+    return 34.94 * phones.over_loop - 0.26 * phones.mean_rank - 3.81 * path.mean -
+           7.41 * phones.short_share + 5.80 * phones.worst_quarter - 14.12 * phones.mean_fit +
+           0.19 * std::min(phones.phones, kManyPhones) - 2.28 * phones.worst_word_rank + 0.30;
 }
 
 }  // namespace
 
 double ConfidenceScore(const Path& path, const WordGraph& graph) {
-    double all_frames = 0.0;
-    double word_frames = 0.0;
-    double acoustic = 0.0;
-    double worst_word = 0.0;
-    double letters = 0.0;
-    for (const PathSegment& segment : path) {
-        const double frames = Frames(segment);
-        const double score = segment.acoustic / kScoreUnit;
-        all_frames += frames;
-        acoustic += score;
-        if (segment.word == PathSegment::kFiller) continue;
-        word_frames += frames;
-        worst_word = std::min(worst_word, score / frames);
-        letters += static_cast<double>(
-            graph.words[static_cast<std::size_t>(segment.word)].spelling.size());
-    }
-    if (word_frames == 0.0) return 0.0;
-    const double z = kMeanWeight * acoustic / all_frames + kWorstWordWeight * worst_word +
-                     kLengthWeight * std::log(word_frames / 100.0) +
-                     kPaceWeight * word_frames / letters / 10.0 +
-                     kFillerWeight * (all_frames - word_frames) / all_frames + kOffset;
+    const SegmentEvidence segments = EvidenceOfSegments(path, graph);
+    if (segments.word_frames == 0.0) return 0.0;
+    const double z = path.evidence ? WithPhones(segments, *path.evidence) : WithoutPhones(segments);
     return 1.0 / (1.0 + std::exp(-z));
 }
 

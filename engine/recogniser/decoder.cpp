@@ -2,10 +2,14 @@
 #include "engine/recogniser/decoder.h"
 
 #include <pocketsphinx.h>
+#include <sphinxbase/ckd_alloc.h>
 #include <sphinxbase/err.h>
 
 #include <string_view>
+#include <utility>
 
+#include "engine/recogniser/endpointer.h"
+#include "engine/recogniser/phone_evidence.h"
 #include "platform/error.h"
 
 namespace corvane::engine {
@@ -27,17 +31,32 @@ cmd_ln_t* MakeConfiguration(const std::string& acoustic_model) {
                        "-dither", "yes", "-seed", "1", nullptr);
 }
 
+/// Frames that the decoder makes of so many samples, and a few to be sure.
+constexpr std::size_t FramesOf(std::size_t samples) {
+    return samples / Endpointer::kFrameSamples + 8;
+}
+
+// The longest utterance there is, and its leading frames.
+constexpr std::size_t kLongestLiveFrames =
+    Endpointer::kLongestFrames + Endpointer::kLeadingFrames + 100;
+
+/// The phones of one of the decoder's words.
+std::string PhonesOf(ps_decoder_t* decoder, const char* word) {
+    const std::unique_ptr<char, void (*)(void*)> phones(ps_lookup_word(decoder, word), ckd_free);
+    return phones ? phones.get() : "";
+}
+
 }  // namespace
 
 void Decoder::FreeDecoder::operator()(ps_decoder_s* decoder) const {
     ps_free(decoder);
 }
 
-Decoder::Decoder(const std::string& acoustic_model) {
+Decoder::Decoder(const std::string& acoustic_model)
+    : acoustic_model_(acoustic_model), definition_(ModelDefinition::Load(acoustic_model)) {
     err_set_logfp(nullptr);
-    cmd_ln_t* configuration = MakeConfiguration(acoustic_model);
-    if (configuration != nullptr) decoder_.reset(ps_init(configuration));
-    cmd_ln_free_r(configuration);
+    if (definition_) log_.emplace(definition_->Senones());
+    Load();
     if (!decoder_)
         throw RuntimeError(kAutomationError,
                            "The acoustic model can't be loaded from " + acoustic_model);
@@ -45,6 +64,16 @@ Decoder::Decoder(const std::string& acoustic_model) {
 
 Decoder::~Decoder() {
     EndLive();
+}
+
+void Decoder::Load() {
+    decoder_.reset();
+    taught_.clear();
+    cmd_ln_t* configuration = MakeConfiguration(acoustic_model_);
+    if (configuration == nullptr) return;
+    if (log_) cmd_ln_set_str_r(configuration, "-senlogdir", log_->Folder().c_str());
+    decoder_.reset(ps_init(configuration));
+    cmd_ln_free_r(configuration);
 }
 
 // The decoder knows words by numbers, "spelling@rule", so that no spelling can clash with the
@@ -64,23 +93,28 @@ std::string Decoder::Teach(const WordGraph::Word& word) {
 
 void Decoder::SetGraph(const WordGraph& graph) {
     EndLive();
+    graph_ = graph;
+    Search();
+}
+
+void Decoder::Search() {
     graph_words_.clear();
-    searchable_ = !graph.arcs.empty();
+    searchable_ = decoder_ && !graph_.arcs.empty();
     if (!searchable_) return;
 
     const auto weight = static_cast<float32>(cmd_ln_float_r(ps_get_config(decoder_.get()), "-lw"));
     const std::unique_ptr<fsg_model_t, int (*)(fsg_model_t*)> fsg(
-        fsg_model_init(kSearchName, ps_get_logmath(decoder_.get()), weight, graph.states),
+        fsg_model_init(kSearchName, ps_get_logmath(decoder_.get()), weight, graph_.states),
         fsg_model_free);
     fsg->start_state = WordGraph::kStart;
     fsg->final_state = WordGraph::kFinal;
     std::vector<int> ids;
-    for (std::size_t i = 0; i < graph.words.size(); ++i) {
-        const std::string name = Teach(graph.words[i]);
+    for (std::size_t i = 0; i < graph_.words.size(); ++i) {
+        const std::string name = Teach(graph_.words[i]);
         ids.push_back(fsg_model_word_add(fsg.get(), name.c_str()));
         graph_words_.emplace(name, static_cast<int>(i));
     }
-    for (const WordGraph::Arc& arc : graph.arcs) {
+    for (const WordGraph::Arc& arc : graph_.arcs) {
         if (arc.word == WordGraph::kNoWord)
             fsg_model_null_trans_add(fsg.get(), arc.from, arc.to, 0);
         else
@@ -92,14 +126,34 @@ void Decoder::SetGraph(const WordGraph& graph) {
                   ps_set_search(decoder_.get(), kSearchName) == 0;
 }
 
+// False when the utterance can't be started even without a log; it must not be fed then.
+bool Decoder::StartUtterance(std::size_t frames) {
+    // A fresh stream: what was heard earlier has no say in how noise is taken out.
+    const auto start = [this] {
+        return ps_start_stream(decoder_.get()) == 0 && ps_start_utt(decoder_.get()) == 0;
+    };
+    if (log_) {
+        if (log_->Begin(frames, start)) return true;
+        // No memory for the log. To be heard is worth more than to be judged well.
+        ps_end_utt(decoder_.get());
+        log_.reset();
+        Load();
+        Search();
+    }
+    return searchable_ && start();
+}
+
 void Decoder::BeginLive() {
     EndLive();
-    live_ =
-        searchable_ && ps_start_stream(decoder_.get()) == 0 && ps_start_utt(decoder_.get()) == 0;
+    live_ = searchable_ && StartUtterance(kLongestLiveFrames);
+    live_samples_ = 0;
 }
 
 void Decoder::FeedLive(std::span<const std::int16_t> samples) {
-    if (live_) ps_process_raw(decoder_.get(), samples.data(), samples.size(), FALSE, FALSE);
+    if (!live_) return;
+    live_samples_ += samples.size();
+    if (FramesOf(live_samples_) > kLongestLiveFrames) return EndLive();
+    ps_process_raw(decoder_.get(), samples.data(), samples.size(), FALSE, FALSE);
 }
 
 Path Decoder::LivePath() {
@@ -113,12 +167,14 @@ void Decoder::EndLive() {
 
 Path Decoder::Decode(std::span<const std::int16_t> utterance) {
     EndLive();
-    if (!searchable_ || utterance.empty()) return {};
-    // A fresh stream: what was heard earlier has no say in how noise is taken out.
-    if (ps_start_stream(decoder_.get()) != 0 || ps_start_utt(decoder_.get()) != 0) return {};
+    if (!searchable_ || utterance.empty() || !StartUtterance(FramesOf(utterance.size()))) return {};
     ps_process_raw(decoder_.get(), utterance.data(), utterance.size(), FALSE, TRUE);
     ps_end_utt(decoder_.get());
-    return CurrentPath();
+    Path path = CurrentPath();
+    if (!log_ || path.segments.empty()) return path;
+    if (const auto scores = log_->Read())
+        path.evidence = EvidenceOf(path.segments, *scores, *definition_);
+    return path;
 }
 
 Path Decoder::CurrentPath() {
@@ -137,9 +193,11 @@ Path Decoder::CurrentPath() {
         ps_seg_frames(segment, &piece.first_frame, &piece.last_frame);
         piece.acoustic = acoustic;
         if (const auto word = graph_words_.find(std::string(said.substr(0, said.find('('))));
-            word != graph_words_.end())
+            word != graph_words_.end()) {
             piece.word = word->second;
-        path.push_back(piece);
+            piece.phones = PhonesOf(decoder_.get(), ps_seg_word(segment));
+        }
+        path.segments.push_back(std::move(piece));
     }
     return path;
 }

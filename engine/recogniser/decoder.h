@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "engine/grammar/word_graph.h"
+#include "engine/recogniser/model_definition.h"
+#include "engine/recogniser/senone_log.h"
 
 struct ps_decoder_s;
 
@@ -24,11 +26,30 @@ struct PathSegment {
     int first_frame = 0;  ///< frames of 10 ms from the beginning of the utterance
     int last_frame = 0;
     double acoustic =
-        0.0;  ///< sum over its frames of how far it lies below the best sound there is
+        0.0;             ///< sum over its frames of how far it lies below the best sound there is
+    std::string phones;  ///< the word's pronunciation, parted by blanks
+};
+
+/// How the phones of a path hold against the utterance. Scores are means over frames in hundreds of
+/// the decoder's unit; ranks count the phones that would fit better in a phone's place.
+struct PhoneEvidence {
+    double over_loop = 0.0;  ///< the path's score less that of the best string of phones
+    double mean_rank = 0.0;
+    double short_share = 0.0;      ///< share of phones of at most three frames
+    double worst_quarter = 0.0;    ///< mean score of the worst quarter of the phones
+    double mean_fit = 0.0;         ///< mean score of the phones
+    double phones = 0.0;           ///< how many there are
+    double worst_word_rank = 0.0;  ///< the worst word's mean of ln(1 + rank)
 };
 
 /// The best way through the graph; empty when nothing in it was said.
-using Path = std::vector<PathSegment>;
+struct Path {
+    std::vector<PathSegment> segments;
+    std::optional<PhoneEvidence> evidence;  ///< of a whole utterance, where it could be had
+
+    [[nodiscard]] auto begin() const { return segments.begin(); }
+    [[nodiscard]] auto end() const { return segments.end(); }
+};
 
 /// The search for the best path, on PocketSphinx. For one thread at a time.
 class Decoder {
@@ -52,18 +73,26 @@ public:
     [[nodiscard]] Path Decode(std::span<const std::int16_t> utterance);
 
 private:
+    void Load();
+    [[nodiscard]] bool StartUtterance(std::size_t frames);
     [[nodiscard]] Path CurrentPath();
     [[nodiscard]] std::string Teach(const WordGraph::Word& word);
+    void Search();
 
     struct FreeDecoder {
         void operator()(ps_decoder_s* decoder) const;
     };
+    std::string acoustic_model_;
+    std::optional<ModelDefinition> definition_;
+    std::optional<SenoneLog> log_;  ///< empty where there can be none
     std::unique_ptr<ps_decoder_s, FreeDecoder> decoder_;
+    WordGraph graph_;
     std::map<std::string, int> spellings_;  ///< number of each spelling ever taught
     std::set<std::string> taught_;
     std::map<std::string, int> graph_words_;  ///< the decoder's word to the graph's index
     bool searchable_ = false;
     bool live_ = false;
+    std::size_t live_samples_ = 0;
 };
 
 }  // namespace corvane::engine
