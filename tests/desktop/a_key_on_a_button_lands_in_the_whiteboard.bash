@@ -8,8 +8,14 @@ whiteboard() { "$tools/read-window" "$main_window" "Whiteboard" 2> /dev/null; }
 whiteboard_is() { [[ $(whiteboard) == "$1" ]]; }
 
 start_and_wait "$1"
-xdotool search --onlyvisible --name "^$main_window\$" windowactivate --sync
-xdotool key alt+c # the Clear button takes the focus
+window=$(xdotool search --onlyvisible --name "^$main_window\$")
+xdotool windowactivate --sync "$window"
+xdotool mousemove --window "$window" 250 200 click 1
+xdotool type "x"
+expect "the whiteboard takes what is typed" wait_until 10 whiteboard_is "x"
+xdotool key alt+c
+expect "Alt+C clears it, and the button has the focus" wait_until 10 whiteboard_is ""
+
 xdotool type --delay 100 "hi"
 # The first letter comes as the capital that its key is; then the whiteboard has the focus.
-expect "the keys land in the whiteboard" wait_until 10 whiteboard_is "Hi"
+expect "keys on the button land in the whiteboard" wait_until 10 whiteboard_is "Hi"

@@ -12,6 +12,7 @@ expect "a report stands on the screen" wait_until 20 window_is_there "KT Corvane
 expect "it names the file" grep -q "File not found: $scratch/program/keywords.txt" \
     "$scratch/program/output.txt"
 if window_is_there "$main_window"; then expect "there is no main window" false; fi
-xdotool search --onlyvisible --name '^KT Corvane$' windowactivate --sync key Return
+xdotool search --onlyvisible --name '^KT Corvane$' windowactivate --sync
+xdotool key Return
 expect "behind the report the process ends" wait_until 10 program_has_ended
 expect "the file was not made" test ! -e "$scratch/program/keywords.txt"
