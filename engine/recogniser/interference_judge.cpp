@@ -19,8 +19,8 @@ constexpr int Blocks(std::chrono::milliseconds duration) {
 // A microphone always has some noise: nothing at all is a cable, a switch or a server.
 constexpr int kSilentToBegin = Blocks(3s);
 
-// The stillest frames of speech in a quiet room lie at 40 at most in any three seconds; a room that
-// never falls below 50 drowns the quieter speakers, who are at 51.
+// The stillest frames of speech in a quiet room lie at 40 at most in any three seconds; the quieter
+// speakers are at 51, so little of them stands out of a room that never falls below 50.
 constexpr double kNoisyLevel = 50.0;
 constexpr int kNoisyToBegin = Blocks(3s);
 // The room is calm again when all of it, not its stillest frames alone, is below that for a moment.
@@ -34,13 +34,13 @@ constexpr auto kShortestSpeech = 700ms;
 // Unclipped recordings have no sample there.
 constexpr double kTooLoudShare = 0.005;
 
-// The quietest speaker we have is at 51, a whisper across the room below 40.
+// The quietest speaker we have is at 51.
 constexpr double kTooQuietLevel = 42.0;
 
-// Fluent speech has 8 to 17. Phones of three states can't be shorter than three frames, 33.
+// Accepted phrases had 6 to 17.6. Phones of three states can't be shorter than three frames, 33.
 constexpr double kTooFastPace = 20.0;
 constexpr double kTooSlowPace = 6.0;
-// A short phrase has no pace: its last syllable is drawn out by half.
+// A short phrase has no pace: too much of it is its first and last sound.
 constexpr int kPhonesForPace = 8;
 
 }  // namespace

@@ -7,7 +7,8 @@
 namespace corvane::engine {
 namespace {
 
-// Below the first, 60 dB under full scale, lie the quiet rooms we measured; so an idle meter rests.
+// Below the first, 57 dB under the second, lies a quiet room's noise (about 26); so an idle meter
+// rests.
 constexpr double kStillRoom = 30.0;
 constexpr double kFullScaleSine = 87.3;
 
