@@ -2,13 +2,20 @@
 // The voice as it is heard: on a virtual desktop, whose speaker is recorded. Its sink delivers
 // sound in blocks of 20 ms, which is how far times can be trusted.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
+#include <csignal>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <mutex>
+#include <span>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -176,6 +183,107 @@ TEST_F(HeardVoice, CanBeInterruptedAgainAndAgain) {
         (void)voice.WaitUntilDone(i);
     }
     EXPECT_TRUE(voice.WaitUntilDone(2000));
+}
+
+/// A sound server of the test's own, which may come and go.
+class SoundServer {
+public:
+    SoundServer() {
+        std::ofstream(folder_ / "script.pa")
+            << "load-module module-null-sink sink_name=corvane_speaker norewinds=1\n"
+            << "load-module module-native-protocol-unix auth-anonymous=1 socket=" << Socket()
+            << '\n';
+    }
+    ~SoundServer() {
+        Kill();
+        std::filesystem::remove_all(folder_);
+    }
+    SoundServer(const SoundServer&) = delete;
+    SoundServer& operator=(const SoundServer&) = delete;
+
+    [[nodiscard]] std::string Socket() const { return folder_ / "socket"; }
+
+    void Start() {
+        const std::string script = folder_ / "script.pa";
+        process_ = fork();
+        if (process_ != 0) return;
+        // The desktop's own server holds the name on its bus.
+        execlp("env", "env", "DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere", "pulseaudio", "-n",
+               "-F", script.c_str(), "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
+               "--realtime=no", "--high-priority=no", "--log-level=0", nullptr);
+        std::_Exit(127);
+    }
+
+    /// It is there, takes calls, and answers none.
+    void Freeze() const { kill(process_, SIGSTOP); }
+
+    void Kill() {
+        if (process_ <= 0) return;
+        kill(process_, SIGKILL);
+        waitpid(process_, nullptr, 0);
+        process_ = 0;
+    }
+
+private:
+    static std::filesystem::path MakeFolder() {
+        std::string name = std::filesystem::temp_directory_path() / "corvane-voice-XXXXXX";
+        return mkdtemp(name.data());
+    }
+
+    std::filesystem::path folder_ = MakeFolder();
+    pid_t process_ = 0;
+};
+
+/// A voice on that server, not on the desktop's.
+class VoiceAndServer : public ::testing::Test {
+protected:
+    VoiceAndServer() {
+        setenv("PULSE_SOURCE", "corvane_speaker.monitor", 1);
+        setenv("PULSE_SERVER", ("unix:" + server.Socket()).c_str(), 1);
+    }
+    ~VoiceAndServer() override { setenv("PULSE_SERVER", desktop_.c_str(), 1); }
+
+    static std::string LongText() {
+        std::string text;
+        for (int i = 0; i < 20; ++i) text += "Somebody talks and talks, whoever listens. ";
+        return text;
+    }
+
+    SoundServer server;
+
+private:
+    std::string desktop_ = std::getenv("PULSE_SERVER");
+};
+
+TEST_F(VoiceAndServer, SoundComesBackWithTheServer) {
+    Voice voice("test");
+    voice.Speak(LongText(), kFlags);
+    EXPECT_FALSE(voice.WaitUntilDone(300));
+    for (int coming = 0; coming < 2; ++coming) {
+        server.Start();
+        {
+            Ear ear;
+            EXPECT_TRUE(ear.WaitForSound(200ms)) << "coming " << coming;
+        }
+        server.Kill();
+        EXPECT_FALSE(voice.WaitUntilDone(300)) << "it goes on unheard";
+    }
+    voice.Speak("<silence msec=\"200\"/>", kFlags);
+    EXPECT_TRUE(voice.WaitUntilDone(1000));
+}
+
+TEST_F(VoiceAndServer, ServerThatDoesNotAnswerHoldsNobodyUp) {
+    server.Start();
+    Voice voice("test");
+    {
+        Ear ear;
+        voice.Speak(LongText(), kFlags);
+        ASSERT_TRUE(ear.WaitForSound(100ms));
+    }
+    server.Freeze();
+    const auto begun = steady_clock::now();
+    voice.Speak("hello", SVSFPurgeBeforeSpeak);
+    EXPECT_LT(steady_clock::now() - begun, 6000ms);
 }
 
 }  // namespace
