@@ -3,7 +3,7 @@
 
 #include <fstream>
 #include <iterator>
-#include <regex>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -51,8 +51,10 @@ std::string Desk::Log() const {
 }
 
 std::string Desk::Transcript() {
-    std::string transcript =
-        std::regex_replace(desktop.record.Transcript(), std::regex("(^|\n)t=[0-9]+ "), "$1");
+    std::istringstream lines(desktop.record.Transcript());
+    std::string transcript;
+    for (std::string line; std::getline(lines, line); transcript += line + "\n")
+        if (line.starts_with("t=")) line.erase(0, line.find(' ') + 1);
     desktop.record.Clear();
     return transcript;
 }
