@@ -1,6 +1,8 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/recogniser/interference_judge.h"
 
+#include <cstddef>
+
 #include "engine/recogniser/sound_level.h"
 
 namespace corvane::engine {
@@ -71,8 +73,10 @@ InterferenceJudge::Events InterferenceJudge::HearUtterance(const UtteranceSound&
 InterferenceJudge::Events InterferenceJudge::Become(Conditions next) {
     Events events;
     for (const SpeechInterference condition :
-         {SINoise, SINoSignal, SITooLoud, SITooQuiet, SITooFast, SITooSlow})
-        if (next[condition] && !conditions_[condition]) events.push_back(condition);
+         {SINoise, SINoSignal, SITooLoud, SITooQuiet, SITooFast, SITooSlow}) {
+        const auto bit = static_cast<std::size_t>(condition);
+        if (next[bit] && !conditions_[bit]) events.push_back(condition);
+    }
     if (conditions_.any() && next.none()) events.push_back(SINone);
     conditions_ = next;
     return events;
