@@ -61,8 +61,8 @@ public:
     /// file.
     void SaveKeywordsTXT(const std::vector<KeywordRow>& rows);
 
-    /// Takes every line out that equals the keyword or the path, wherever it stands and whoever else
-    /// needs it, and every blank line with them; then reloads.
+    /// Takes every line out that equals the keyword or the path, wherever it stands and whoever
+    /// else needs it, and every blank line with them; then reloads.
     void RemoveKeywordLines(const std::string& keyword, const std::string& path);
 
 private:
