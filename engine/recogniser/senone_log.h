@@ -10,8 +10,8 @@
 namespace corvane::engine {
 
 /// Gets at the decoder's senone scores, which it writes to files of a folder only. The file is kept
-/// in memory and has a name just while the decoder opens it, so that nothing stays behind however
-/// the process ends. For one thread at a time.
+/// in memory and has a name just while the decoder opens it, so that an end of the process leaves
+/// nothing behind but in those microseconds. For one thread at a time.
 class SenoneLog {
 public:
     /// senones: how many the decoder's model has. memory_folder: a folder whose files are kept in
