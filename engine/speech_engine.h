@@ -29,8 +29,8 @@ struct SpeechEngineConfig {
     std::function<void(const engine::RecognisedPhrase&)> unmatched;
 };
 
-/// A speech engine that stands alone: a recogniser of command grammars and of dictation on the sound
-/// of one source, shared by any number of contexts, and voices on the default audio output.
+/// A speech engine that stands alone: a recogniser of command grammars and of dictation on the
+/// sound of one source, shared by any number of contexts, and voices on the default audio output.
 ///
 /// Hands out the objects of speech_api.h; they and the engine are for one thread, the message
 /// loop's. Threads of the engine's own read the source and hand every event to `post`, which
@@ -43,7 +43,8 @@ public:
     using Post = std::function<void(std::function<void()>)>;
 
     SpeechEngine(SpeechEngineConfig config, Post post, std::unique_ptr<engine::AudioSource> source);
-    /// Stops listening: `post` is not called any more. Returns when the engine's threads have ended.
+    /// Stops listening: `post` is not called any more. Returns when the engine's threads have
+    /// ended.
     ~SpeechEngine() override;
     SpeechEngine(const SpeechEngine&) = delete;
     SpeechEngine& operator=(const SpeechEngine&) = delete;

@@ -10,7 +10,7 @@ namespace corvane::engine {
 namespace {
 
 /// Zero crossings of the filter on either side of its middle.
-constexpr int kCrossings = 48;
+constexpr int kCrossings = 64;
 /// Filter values kept for each crossing; between two of them it is a straight line.
 constexpr int kSteps = 512;
 /// Where the filter cuts, of the lower rate's half.
@@ -27,8 +27,7 @@ std::vector<double> MakeFilter() {
     std::vector<double> filter;
     for (int i = 0; i <= kCrossings * kSteps + 1; ++i) {
         const double x = static_cast<double>(i) / kSteps;
-        const double sinc =
-            i == 0 ? 1.0 : std::sin(std::numbers::pi * x) / (std::numbers::pi * x);
+        const double sinc = i == 0 ? 1.0 : std::sin(std::numbers::pi * x) / (std::numbers::pi * x);
         filter.push_back(x >= kCrossings ? 0.0 : sinc * BlackmanHarris(x / kCrossings));
     }
     return filter;

@@ -88,8 +88,8 @@ std::vector<std::int16_t> SamplesOf(std::string_view data, const Format& format)
     for (std::size_t frame = 0; frame < frames; ++frame) {
         double sum = 0.0;
         for (std::size_t channel = 0; channel < format.channels; ++channel)
-            sum += Sample(data, frame * format.FrameBytes() + channel * format.SampleBytes(),
-                          format);
+            sum +=
+                Sample(data, frame * format.FrameBytes() + channel * format.SampleBytes(), format);
         sound[frame] = sum / format.channels;
     }
     sound = Resample(sound, static_cast<int>(format.rate), kSampleRate);

@@ -15,15 +15,15 @@ cmd_ln_t* MakeConfiguration(const DictationModel& model) {
     // One pass with few words and states kept open: as exact as the library's three passes on what
     // was measured, in two thirds of the time. Silence is left in: the endpointer has cut it
     // already.
-    return cmd_ln_init(nullptr, ps_args(), TRUE,                            //
-                       "-hmm", model.acoustic_model.c_str(),                //
-                       "-dict", model.dictionary.c_str(),                   //
-                       "-lm", model.language_model.c_str(),                 //
-                       "-logfn", "/dev/null",                               //
-                       "-fwdflat", "no", "-bestpath", "yes",                //
-                       "-maxhmmpf", "3000", "-maxwpf", "10",                //
-                       "-pl_window", "5",                                   //
-                       "-remove_silence", "no",                             //
+    return cmd_ln_init(nullptr, ps_args(), TRUE,              //
+                       "-hmm", model.acoustic_model.c_str(),  //
+                       "-dict", model.dictionary.c_str(),     //
+                       "-lm", model.language_model.c_str(),   //
+                       "-logfn", "/dev/null",                 //
+                       "-fwdflat", "no", "-bestpath", "yes",  //
+                       "-maxhmmpf", "3000", "-maxwpf", "10",  //
+                       "-pl_window", "5",                     //
+                       "-remove_silence", "no",               //
                        "-dither", "yes", "-seed", "1", nullptr);
 }
 
@@ -47,8 +47,7 @@ DictationDecoder::DictationDecoder(const DictationModel& model) {
     }
     if (!decoder_)
         throw RuntimeError(kAutomationError, "Dictation can't be loaded from " +
-                                                 model.language_model + " and " +
-                                                 model.dictionary);
+                                                 model.language_model + " and " + model.dictionary);
 }
 
 DictationDecoder::~DictationDecoder() {
@@ -104,9 +103,8 @@ DictatedText DictationDecoder::CurrentText() {
         int32 acoustic = 0;
         int32 language = 0;
         int32 backoff = 0;
-        certainty +=
-            logmath_exp(ps_get_logmath(decoder_.get()),
-                        ps_seg_prob(segment, &acoustic, &language, &backoff));
+        certainty += logmath_exp(ps_get_logmath(decoder_.get()),
+                                 ps_seg_prob(segment, &acoustic, &language, &backoff));
         // "read(2)" is another way to say "read".
         text.words.emplace_back(said.substr(0, said.find('(')));
     }

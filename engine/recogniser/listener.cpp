@@ -215,7 +215,8 @@ void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
     // What is surely a command is no text; all else is, where somebody dictates.
     if (vocabulary_->dictating && (!phrase || phrase->confidence < SECHighConfidence)) {
         if (!dictation_.Hearing())
-            dictation_.Begin(vocabulary_->dictation_target, endpointer_.Begin(), Utterance(), false);
+            dictation_.Begin(vocabulary_->dictation_target, endpointer_.Begin(), Utterance(),
+                             false);
         return dictation_.Write({.last_loud = last_loud, .known = position, .since = since});
     }
     dictation_.Drop();

@@ -13,7 +13,7 @@ namespace corvane::engine {
 /// What was heard, and what only the engine's own tools ask for.
 struct RecognisedPhrase {
     std::vector<std::string> words;  ///< in the grammar's own spelling
-    std::string rule;  ///< empty for dictated text
+    std::string rule;                ///< empty for dictated text
     SpeechEngineConfidence confidence = SECLowConfidence;
     double score = 0.0;  ///< what the confidence was decided by, 0 to 1
     /// Place in the stream, from the first word to the end of the last.

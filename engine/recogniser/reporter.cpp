@@ -35,8 +35,7 @@ void Reporter::Supposed(std::weak_ptr<ResultTarget> target, RecognisedPhrase phr
 }
 
 void Reporter::NothingIn(RecognisedPhrase speech) const {
-    if (unmatched_)
-        post_([tell = unmatched_, speech = std::move(speech)] { tell(speech); });
+    if (unmatched_) post_([tell = unmatched_, speech = std::move(speech)] { tell(speech); });
 }
 
 }  // namespace corvane::engine

@@ -122,9 +122,10 @@ Hearing::Hearing(const std::string& file, const Arguments& arguments)
     : file_(file),
       arguments_(arguments),
       samples_(engine::ReadWavFile(file)),
-      engine_(ConfigurationTelling([this](const RecognisedPhrase& p) { Print("none", p); }),
-              [this](std::function<void()> message) { messages_.Post(std::move(message)); },
-              MakeSource()) {
+      engine_(
+          ConfigurationTelling([this](const RecognisedPhrase& p) { Print("none", p); }),
+          [this](std::function<void()> message) { messages_.Post(std::move(message)); },
+          MakeSource()) {
     for (const std::string& path : arguments.grammars) {
         auto grammar = AddContext()->CreateGrammar(0);
         grammar->CmdLoadFromFile(path, SLODynamic);
@@ -150,22 +151,21 @@ std::unique_ptr<engine::AudioSource> Hearing::MakeSource() {
 
 std::shared_ptr<ISpeechRecoContext> Hearing::AddContext() {
     auto context = engine_.CreateSpSharedRecoContext();
-    context->Advise({.Recognition =
-                         [this](std::int32_t, const Variant&, std::int32_t,
-                                const std::shared_ptr<ISpeechRecoResult>& result) {
-                             Print("recognition", *result);
-                         },
-                     .Hypothesis =
-                         [this](std::int32_t, const Variant&,
-                                const std::shared_ptr<ISpeechRecoResult>& result) {
-                             Print("hypothesis", *result);
-                         },
-                     .AudioLevel = {},
-                     .Interference =
-                         [this](std::int32_t, const Variant& position, std::int32_t interference) {
-                             Print(position, interference);
-                         },
-                     .Adaptation = {}});
+    context->Advise(
+        {.Recognition =
+             [this](std::int32_t, const Variant&, std::int32_t,
+                    const std::shared_ptr<ISpeechRecoResult>& result) {
+                 Print("recognition", *result);
+             },
+         .Hypothesis =
+             [this](std::int32_t, const Variant&,
+                    const std::shared_ptr<ISpeechRecoResult>& result) {
+                 Print("hypothesis", *result);
+             },
+         .AudioLevel = {},
+         .Interference = [this](std::int32_t, const Variant& position,
+                                std::int32_t interference) { Print(position, interference); },
+         .Adaptation = {}});
     contexts_.push_back(context);
     return context;
 }

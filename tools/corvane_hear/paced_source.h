@@ -30,7 +30,7 @@ private:
     std::size_t position_ = 0;
     mutable std::mutex mutex_;
     std::condition_variable interruption_;
-    bool interrupted_ = false;  ///< guarded by mutex_
+    bool interrupted_ = false;   ///< guarded by mutex_
     Clock::time_point begin_{};  ///< guarded by mutex_
 };
 
