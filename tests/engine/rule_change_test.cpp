@@ -1,15 +1,15 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include <array>
+#include <algorithm>
 #include <chrono>
-#include <fstream>
-#include <functional>
 #include <memory>
-#include <sstream>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/error.h"
+#include "support/memory.h"
 #include "support/room.h"
 #include "support/temporary_file.h"
 
@@ -201,15 +201,6 @@ TEST_F(RuleChanges, MonthsAndCommandsAreHeardEachByTheirContext) {
     EXPECT_EQ(commands_told, "the time: what time is it; maximize: maximize window; ");
 }
 
-/// Kilobytes of this process that are in memory.
-long ResidentKilobytes() {
-    std::ifstream file("/proc/self/statm");
-    long all = 0;
-    long resident = 0;
-    file >> all >> resident;
-    return resident * 4;
-}
-
 TEST(Replacements, TenThousandOfThemTakeNoMemory) {
     Room room;
     Replacement context(room, kCommands);
@@ -224,9 +215,10 @@ TEST(Replacements, TenThousandOfThemTakeNoMemory) {
         room.messages.Run();
     };
     replace(1000);
-    const long after_thousand = ResidentKilobytes();
+    if (!testing::kMemoryCounts) return;
+    const long after_thousand = testing::ResidentKilobytes();
     replace(9000);
-    EXPECT_LT(ResidentKilobytes() - after_thousand, 2048);
+    EXPECT_LT(testing::ResidentKilobytes() - after_thousand, 2048);
 }
 
 }  // namespace
