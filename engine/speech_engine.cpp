@@ -11,7 +11,8 @@ namespace corvane {
 
 SpeechEngineConfig::SpeechEngineConfig()
     : acoustic_model(CORVANE_MODEL_FOLDER "/en-us/en-us"),
-      dictionary(CORVANE_MODEL_FOLDER "/en-us/cmudict-en-us.dict") {}
+      dictionary(CORVANE_MODEL_FOLDER "/en-us/cmudict-en-us.dict"),
+      language_model(CORVANE_MODEL_FOLDER "/en-us/en-us.lm.bin") {}
 
 SpeechEngine::SpeechEngine(SpeechEngineConfig config, Post post,
                            std::unique_ptr<engine::AudioSource> source)
@@ -23,8 +24,11 @@ SpeechEngine::~SpeechEngine() {
 
 std::shared_ptr<ISpeechRecoContext> SpeechEngine::CreateSpSharedRecoContext() {
     if (!recogniser_)
-        recogniser_ = std::make_shared<engine::Recogniser>(config_.acoustic_model,
-                                                           config_.dictionary, *source_, post_);
+        recogniser_ = std::make_shared<engine::Recogniser>(
+            engine::DictationModel{.acoustic_model = config_.acoustic_model,
+                                   .dictionary = config_.dictionary,
+                                   .language_model = config_.language_model},
+            *source_, post_, config_.unmatched);
     return engine::RecoContext::Create(recogniser_);
 }
 

@@ -12,7 +12,8 @@ namespace corvane {
 
 namespace engine {
 class Recogniser;
-}
+struct RecognisedPhrase;
+}  // namespace engine
 
 /// Where the engine finds what it needs. The defaults name the installed packages' files.
 struct SpeechEngineConfig {
@@ -20,14 +21,19 @@ struct SpeechEngineConfig {
 
     std::string acoustic_model;  ///< folder of a PocketSphinx acoustic model, 16 kHz, US English
     std::string dictionary;      ///< words and their phones, in the dictionary format of that model
+    std::string language_model;  ///< n-grams of the dictionary's words, for dictation
     std::string client_name = "KT Corvane";  ///< what the user's sound settings call the voice
+
+    /// Told of speech in which nothing was heard, as a message like an event: a phrase without
+    /// words. For tools; may be empty.
+    std::function<void(const engine::RecognisedPhrase&)> unmatched;
 };
 
-/// A speech engine that stands alone: a recogniser of command grammars on the sound of one source,
-/// shared by any number of contexts, and voices on the default audio output.
+/// A speech engine that stands alone: a recogniser of command grammars and of dictation on the
+/// sound of one source, shared by any number of contexts, and voices on the default audio output.
 ///
 /// Hands out the objects of speech_api.h; they and the engine are for one thread, the message
-/// loop's. A thread of the engine's own reads the source and hands every event to `post`, which
+/// loop's. Threads of the engine's own read the source and hand every event to `post`, which
 /// must be callable from any thread and run the message later on the loop's. Objects may outlive
 /// the engine; they hear nothing more then.
 ///
@@ -37,7 +43,8 @@ public:
     using Post = std::function<void(std::function<void()>)>;
 
     SpeechEngine(SpeechEngineConfig config, Post post, std::unique_ptr<engine::AudioSource> source);
-    /// Stops listening: `post` is not called any more. Returns when the engine's thread has ended.
+    /// Stops listening: `post` is not called any more. Returns when the engine's threads have
+    /// ended.
     ~SpeechEngine() override;
     SpeechEngine(const SpeechEngine&) = delete;
     SpeechEngine& operator=(const SpeechEngine&) = delete;

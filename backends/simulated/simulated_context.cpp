@@ -51,7 +51,8 @@ public:
         : record_(record), files_(files), loaded_(std::move(loaded)) {}
 
     void CmdLoadFromFile(const std::string& FileName, std::int32_t LoadOption) override {
-        *loaded_ = {};
+        loaded_->rules.clear();
+        loaded_->active.clear();
         record_.Call("CmdLoadFromFile", FileName + " " + std::to_string(LoadOption));
         const auto bytes = files_.Bytes(FileName);
         if (!bytes) throw RuntimeError(kFileNotFound, "File not found: " + FileName);
@@ -78,10 +79,50 @@ public:
         if (!found) throw RuntimeError(kAutomationError, "No rule of that Id");
     }
 
+    void DictationLoad(const std::string& TopicName, std::int32_t LoadOption) override {
+        record_.Call("DictationLoad", "\"" + TopicName + "\" " + std::to_string(LoadOption));
+        if (!TopicName.empty()) throw RuntimeError(kAutomationError, "No topic " + TopicName);
+        loaded_->dictation_loaded = true;
+    }
+
+    void DictationSetState(std::int32_t State) override {
+        record_.Call("DictationSetState", std::to_string(State));
+        if (State != SGDSActive && State != SGDSInactive)
+            throw RuntimeError(kInvalidProcedureCall, "No such state");
+        RequireDictation();
+        loaded_->dictating = State == SGDSActive;
+    }
+
+    void DictationUnload() override {
+        record_.Call("DictationUnload");
+        RequireDictation();
+        loaded_->dictation_loaded = loaded_->dictating = false;
+    }
+
 private:
+    void RequireDictation() const {
+        if (!loaded_->dictation_loaded)
+            throw RuntimeError(kAutomationError, "Dictation is not loaded");
+    }
+
     CallRecord& record_;
     MemoryFiles& files_;
     std::shared_ptr<LoadedRules> loaded_;
+};
+
+class SharedRecognizer final : public ISpeechRecognizer {
+public:
+    explicit SharedRecognizer(CallRecord& record) : record_(record) {}
+
+    // Nobody is there to use the dialog: it closes at once.
+    void DisplayUI(std::uint32_t hWndParent, const std::string& Title, const std::string& TypeOfUI,
+                   const std::string& ExtraData) override {
+        record_.Call("DisplayUI", std::to_string(hWndParent) + " \"" + Title + "\" " + TypeOfUI +
+                                      " \"" + ExtraData + "\"");
+    }
+
+private:
+    CallRecord& record_;
 };
 
 class PhraseRule final : public ISpeechPhraseRule {
@@ -146,6 +187,11 @@ std::shared_ptr<ISpeechRecoGrammar> SimulatedContext::CreateGrammar(std::int32_t
     return std::make_shared<Grammar>(record_, files_, std::move(loaded));
 }
 
+std::shared_ptr<ISpeechRecognizer> SimulatedContext::Recognizer() const {
+    record_.Quietly("Recognizer");
+    return std::make_shared<SharedRecognizer>(record_);
+}
+
 std::int32_t SimulatedContext::EventInterests() const {
     return interests_;
 }
@@ -174,6 +220,13 @@ bool SimulatedContext::HasActive(const std::string& rule) const {
     return std::ranges::any_of(grammars_, [&](const auto& grammar) {
         const auto loaded = grammar.lock();
         return loaded && std::ranges::count(loaded->active, rule) > 0;
+    });
+}
+
+bool SimulatedContext::Dictates() const {
+    return std::ranges::any_of(grammars_, [](const auto& grammar) {
+        const auto loaded = grammar.lock();
+        return loaded && loaded->dictating;
     });
 }
 

@@ -12,10 +12,12 @@
 
 namespace corvane::simulated {
 
-/// The rules of one grammar, shared by the objects that speak for it.
+/// What one grammar holds, shared by the objects that speak for it.
 struct LoadedRules {
     std::vector<SpokenRule> rules;
     std::vector<std::string> active;
+    bool dictation_loaded = false;
+    bool dictating = false;
 };
 
 class SimulatedContext final : public ISpeechRecoContext {
@@ -23,6 +25,7 @@ public:
     SimulatedContext(CallRecord& record, MemoryFiles& files);
 
     std::shared_ptr<ISpeechRecoGrammar> CreateGrammar(std::int32_t GrammarId) override;
+    std::shared_ptr<ISpeechRecognizer> Recognizer() const override;
     std::int32_t EventInterests() const override;
     void SetEventInterests(std::int32_t Mask) override;
     void Advise(SpeechRecoContextEvents Events) override;
@@ -30,6 +33,8 @@ public:
     /// Name of the active rule that accepts the phrase; empty if there is none.
     [[nodiscard]] std::string RuleFor(const std::string& phrase) const;
     [[nodiscard]] bool HasActive(const std::string& rule) const;
+    /// Whether what is no command is text for it.
+    [[nodiscard]] bool Dictates() const;
     [[nodiscard]] SpeechRecoContextEvents Handlers() const { return events_; }
 
 private:

@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulated/simulated_speech.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "simulated/simulated_context.h"
@@ -31,8 +32,18 @@ std::shared_ptr<ISpeechVoice> SimulatedSpeech::CreateSpVoice() {
 }
 
 bool SimulatedSpeech::Say(const std::string& phrase, SpeechEngineConfidence confidence) {
+    const auto contexts = Contexts();
+    const auto dictating = std::find_if(contexts.rbegin(), contexts.rend(),
+                                        [](const auto& context) { return context->Dictates(); });
+    const bool is_command = std::ranges::any_of(
+        contexts, [&phrase](const auto& context) { return !context->RuleFor(phrase).empty(); });
+    if (dictating != contexts.rend() && !(is_command && confidence == SECHighConfidence)) {
+        RaiseRecognition(*dictating, MakeResult(record_, phrase, {}, confidence));
+        return true;
+    }
+
     bool heard = false;
-    for (const auto& context : Contexts()) {
+    for (const auto& context : contexts) {
         const std::string rule = context->RuleFor(phrase);
         if (rule.empty()) continue;
         heard = true;

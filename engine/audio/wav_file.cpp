@@ -2,37 +2,102 @@
 #include "engine/audio/wav_file.h"
 
 #include <algorithm>
+#include <bit>
+#include <cmath>
 #include <fstream>
 #include <sstream>
 
 #include "engine/audio/audio_source.h"
+#include "engine/audio/resample.h"
 #include "platform/error.h"
 
 namespace corvane::engine {
 namespace {
 
-constexpr std::uint32_t kPcm = 1;
-constexpr std::uint32_t kExtensible = 0xFFFE;
+enum Coding : std::uint32_t { kPcm = 1, kFloat = 3, kExtensible = 0xFFFE };
+
+struct Format {
+    std::uint32_t coding = 0;
+    std::uint32_t channels = 0;
+    std::uint32_t rate = 0;
+    std::uint32_t bits = 0;
+
+    [[nodiscard]] std::size_t SampleBytes() const { return bits / 8; }
+    [[nodiscard]] std::size_t FrameBytes() const { return SampleBytes() * channels; }
+};
 
 /// Little-endian number of `bytes` bytes at `offset`.
-std::uint32_t Number(std::string_view content, std::size_t offset, std::size_t bytes) {
-    std::uint32_t number = 0;
+std::uint64_t Number(std::string_view content, std::size_t offset, std::size_t bytes) {
+    std::uint64_t number = 0;
     for (std::size_t i = bytes; i-- > 0;)
         number = number << 8 | static_cast<unsigned char>(content[offset + i]);
     return number;
+}
+
+std::uint32_t ShortNumber(std::string_view content, std::size_t offset, std::size_t bytes) {
+    return static_cast<std::uint32_t>(Number(content, offset, bytes));
 }
 
 [[noreturn]] void Refuse(const std::string& reason) {
     throw RuntimeError(kAutomationError, "Not a usable WAV file: " + reason);
 }
 
-void CheckFormat(std::string_view format) {
-    if (format.size() < 16) Refuse("its format is cut short");
-    const std::uint32_t coding = Number(format, 0, 2);
-    if (coding != kPcm && coding != kExtensible) Refuse("it is not PCM");
-    if (Number(format, 2, 2) != 1) Refuse("it has more than one channel");
-    if (Number(format, 4, 4) != kSampleRate) Refuse("it has not 16000 samples a second");
-    if (Number(format, 14, 2) != 16) Refuse("its samples have not 16 bits");
+Format FormatOf(std::string_view chunk) {
+    constexpr std::size_t kPlain = 16;
+    constexpr std::size_t kSubformat = 24;
+    if (chunk.size() < kPlain) Refuse("its format is cut short");
+    Format format{.coding = ShortNumber(chunk, 0, 2),
+                  .channels = ShortNumber(chunk, 2, 2),
+                  .rate = ShortNumber(chunk, 4, 4),
+                  .bits = ShortNumber(chunk, 14, 2)};
+    if (format.coding == kExtensible) {
+        if (chunk.size() < kSubformat + 2) Refuse("its format is cut short");
+        format.coding = ShortNumber(chunk, kSubformat, 2);
+    }
+    const bool whole = format.coding == kPcm && (format.bits == 8 || format.bits == 16 ||
+                                                 format.bits == 24 || format.bits == 32);
+    const bool real = format.coding == kFloat && (format.bits == 32 || format.bits == 64);
+    if (format.coding != kPcm && format.coding != kFloat)
+        Refuse("its sound is compressed (coding " + std::to_string(format.coding) + ")");
+    if (!whole && !real) Refuse("its samples have " + std::to_string(format.bits) + " bits");
+    if (format.channels < 1 || format.channels > 8)
+        Refuse("it has " + std::to_string(format.channels) + " channels");
+    if (format.rate < 4000 || format.rate > 192000)
+        Refuse("it has " + std::to_string(format.rate) + " samples a second");
+    return format;
+}
+
+/// A sample in steps of 16 bits.
+double Sample(std::string_view data, std::size_t offset, const Format& format) {
+    const std::uint64_t raw = Number(data, offset, format.SampleBytes());
+    if (format.coding == kFloat) {
+        const double value = format.bits == 32
+                                 ? std::bit_cast<float>(static_cast<std::uint32_t>(raw))
+                                 : std::bit_cast<double>(raw);
+        return std::isfinite(value) ? 32768.0 * value : 0.0;
+    }
+    // Eight bits alone are counted from 0.
+    if (format.bits == 8) return 256.0 * (static_cast<double>(raw) - 128.0);
+    const auto left_aligned = static_cast<std::int32_t>(raw << (32 - format.bits));
+    return left_aligned / 65536.0;
+}
+
+std::vector<std::int16_t> SamplesOf(std::string_view data, const Format& format) {
+    const std::size_t frames = data.size() / format.FrameBytes();
+    std::vector<double> sound(frames);
+    for (std::size_t frame = 0; frame < frames; ++frame) {
+        double sum = 0.0;
+        for (std::size_t channel = 0; channel < format.channels; ++channel)
+            sum +=
+                Sample(data, frame * format.FrameBytes() + channel * format.SampleBytes(), format);
+        sound[frame] = sum / format.channels;
+    }
+    sound = Resample(sound, static_cast<int>(format.rate), kSampleRate);
+    std::vector<std::int16_t> samples(sound.size());
+    std::ranges::transform(sound, samples.begin(), [](double sample) {
+        return static_cast<std::int16_t>(std::lround(std::clamp(sample, -32768.0, 32767.0)));
+    });
+    return samples;
 }
 
 }  // namespace
@@ -42,20 +107,16 @@ std::vector<std::int16_t> ParseWav(std::string_view content) {
     if (!content.starts_with("RIFF") || content.size() < 12 || content.substr(8, 4) != "WAVE")
         Refuse("it has no RIFF WAVE head");
     content.remove_prefix(12);
-    bool format_known = false;
+    Format format;
     while (content.size() >= kChunkHead) {
         const std::string_view name = content.substr(0, 4);
-        const std::size_t size = Number(content, 4, 4);
+        const std::size_t size = ShortNumber(content, 4, 4);
         const std::string_view chunk = content.substr(kChunkHead, size);
         if (name == "fmt ") {
-            CheckFormat(chunk);
-            format_known = true;
+            format = FormatOf(chunk);
         } else if (name == "data") {
-            if (!format_known) Refuse("its sound comes before its format");
-            std::vector<std::int16_t> samples(chunk.size() / 2);
-            for (std::size_t i = 0; i < samples.size(); ++i)
-                samples[i] = static_cast<std::int16_t>(Number(chunk, 2 * i, 2));
-            return samples;
+            if (format.coding == 0) Refuse("its sound comes before its format");
+            return SamplesOf(chunk, format);
         }
         // Chunks are padded to even lengths.
         content.remove_prefix(std::min(content.size(), kChunkHead + size + size % 2));

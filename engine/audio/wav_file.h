@@ -8,11 +8,14 @@
 
 namespace corvane::engine {
 
-/// The samples of a WAV file: 16-bit PCM, 16 kHz, one channel; anything else is refused, since a
-/// poor conversion would be taken for a poor recogniser. Chunks that are no sound are passed over;
-/// a file cut short gives what is there.
+/// The sound of a WAV file as the engine hears it: 16 kHz, one channel, the mean of all there are.
 ///
-/// Raises kFileNotFound when there is no such file, kAutomationError when it is of another kind.
+/// It may have 4,000 to 192,000 samples a second, 1 to 8 channels, and samples of 8, 16, 24 or 32
+/// bits or floating-point ones of 32 or 64. Samples of 16 bits in one channel at 16 kHz are taken
+/// as they are. Chunks that are no sound are passed over; a file cut short gives what is there.
+///
+/// Raises kFileNotFound when there is no such file, kAutomationError, with the reason as its text,
+/// when it is of another kind.
 [[nodiscard]] std::vector<std::int16_t> ReadWavFile(const std::string& path);
 
 /// As ReadWavFile, of a file's content.

@@ -10,11 +10,17 @@
 
 namespace corvane::engine {
 
+enum class DictationState { none, loaded, active };
+
 /// What the shared recogniser has to know of a context, and tells it besides results.
 class RecogniserClient : public ResultTarget {
 public:
     /// Adds the rules that it listens for now. They must live until the call that asked is over.
     virtual void AddActiveRules(std::vector<const GrammarRule*>& rules) const = 0;
+    [[nodiscard]] virtual DictationState Dictates() const = 0;
+    /// Until when its rules are about to be switched on: a moment that has passed for a client with
+    /// rules, and for one that has been without any for long.
+    [[nodiscard]] virtual Vocabulary::Clock::time_point RulesDue() const = 0;
     [[nodiscard]] virtual std::int32_t EventInterests() const = 0;
 
     /// position: bytes into the stream; level: 0 to 100.

@@ -17,7 +17,10 @@ constexpr std::int64_t kBytesPerFrame = Endpointer::kFrameSamples * sizeof(std::
 constexpr std::size_t kKeptSamples =
     (Endpointer::kLeadingFrames + Endpointer::kTrailingFrames + 20) * Endpointer::kFrameSamples;
 
-constexpr std::int64_t kFramesPerHypothesis = 20;
+constexpr std::int64_t kFramesPerHypothesis = Endpointer::kFramesPerSecond / 4;
+
+/// How often an utterance is judged anew because the rules changed meanwhile.
+constexpr int kMostReadings = 3;
 
 bool IsWord(const PathSegment& segment) {
     return segment.word != PathSegment::kFiller;
@@ -25,15 +28,20 @@ bool IsWord(const PathSegment& segment) {
 
 }  // namespace
 
-Listener::Listener(std::unique_ptr<Decoder> decoder, AudioSource& source, Post post,
-                   std::weak_ptr<Audience> audience)
+Listener::Listener(std::unique_ptr<Decoder> decoder, AudioSource& source, Dictation& dictation,
+                   const Reporter& reporter, SoundFeedback feedback)
     : decoder_(std::move(decoder)),
       source_(source),
-      post_(std::move(post)),
-      feedback_(std::move(audience), post_) {}
+      dictation_(dictation),
+      reporter_(reporter),
+      feedback_(std::move(feedback)) {}
 
 Listener::~Listener() {
-    stopping_ = true;
+    {
+        const std::lock_guard lock(mutex_);
+        stopping_ = true;
+    }
+    vocabulary_came_.notify_all();
     source_.Interrupt();
     if (thread_.joinable()) thread_.join();
 }
@@ -49,8 +57,11 @@ void Listener::WaitForEndOfStream() {
 }
 
 void Listener::SetVocabulary(std::shared_ptr<const Vocabulary> vocabulary) {
-    const std::lock_guard lock(mutex_);
-    next_vocabulary_ = std::move(vocabulary);
+    {
+        const std::lock_guard lock(mutex_);
+        next_vocabulary_ = std::move(vocabulary);
+    }
+    vocabulary_came_.notify_all();
 }
 
 void Listener::Run() {
@@ -60,6 +71,7 @@ void Listener::Run() {
         Hear(frame);
     }
     if (!stopping_ && endpointer_.Finish() == Endpointer::Event::speech_ended) EndUtterance();
+    dictation_.Drop();
 }
 
 bool Listener::ReadFrame(std::span<std::int16_t> frame) {
@@ -71,14 +83,40 @@ bool Listener::ReadFrame(std::span<std::int16_t> frame) {
     return !stopping_;
 }
 
+// With mutex_ held: whether there is a vocabulary to be used now.
+bool Listener::VocabularyIsDue() {
+    return next_vocabulary_ && next_vocabulary_->holds_from <= Clock::now();
+}
+
 void Listener::TakeVocabulary() {
+    std::shared_ptr<const Vocabulary> vocabulary;
     {
         const std::lock_guard lock(mutex_);
-        if (!next_vocabulary_) return;
-        vocabulary_ = std::exchange(next_vocabulary_, nullptr);
+        if (!VocabularyIsDue()) return;
+        vocabulary.swap(next_vocabulary_);
     }
+    UseVocabulary(std::move(vocabulary));
+}
+
+// To wait keeps the sound from being read, which the source bears: the other half of a change comes
+// within milliseconds, and never later than some tenths of a second.
+void Listener::AwaitVocabulary() {
+    std::shared_ptr<const Vocabulary> vocabulary;
+    {
+        std::unique_lock lock(mutex_);
+        while (next_vocabulary_ && !VocabularyIsDue() && !stopping_)
+            vocabulary_came_.wait_until(lock, next_vocabulary_->holds_from);
+        vocabulary.swap(next_vocabulary_);
+    }
+    if (vocabulary) UseVocabulary(std::move(vocabulary));
+}
+
+void Listener::UseVocabulary(std::shared_ptr<const Vocabulary> vocabulary) {
+    vocabulary_ = std::move(vocabulary);
     decoder_->SetGraph(vocabulary_->graph);
-    if (endpointer_.InSpeech()) BeginHypotheses();
+    supposing_ = false;
+    dictation_.Drop();
+    if (endpointer_.InSpeech()) BeginUtterance();
 }
 
 void Listener::Hear(std::span<const std::int16_t> frame) {
@@ -87,15 +125,14 @@ void Listener::Hear(std::span<const std::int16_t> frame) {
     feedback_.Hear(frame, endpointer_.Position() * kBytesPerFrame, interests_);
     switch (event) {
         case Endpointer::Event::speech_began:
-            BeginHypotheses();
+            BeginUtterance();
             break;
         case Endpointer::Event::speech_ended:
             EndUtterance();
             break;
         case Endpointer::Event::none:
             if (endpointer_.InSpeech()) {
-                if (supposing_) decoder_->FeedLive(frame);
-                if (endpointer_.Position() % kFramesPerHypothesis == 0) Suppose();
+                HearSpeech(frame);
             } else if (sound_.size() > 2 * kKeptSamples) {
                 const std::size_t old = sound_.size() - kKeptSamples;
                 sound_.erase(sound_.begin(), sound_.begin() + static_cast<std::ptrdiff_t>(old));
@@ -110,16 +147,38 @@ std::span<const std::int16_t> Listener::Utterance() const {
     return std::span(sound_).subspan(before * Endpointer::kFrameSamples);
 }
 
-void Listener::BeginHypotheses() {
+void Listener::BeginUtterance() {
     supposed_.clear();
-    supposing_ = (interests_ & SREHypothesis) != 0;
-    if (!supposing_) return;
+    supposing_ = false;
+    FollowInterests();
+    if (vocabulary_->dictating)
+        dictation_.Begin(vocabulary_->dictation_target, endpointer_.Begin(), Utterance(),
+                         (interests_ & SREHypothesis) != 0);
+}
+
+// Nothing is supposed while nobody wants to know.
+void Listener::FollowInterests() {
+    const bool wanted = (interests_ & SREHypothesis) != 0;
+    if (wanted == supposing_) return;
+    supposing_ = wanted;
+    if (!wanted) return decoder_->EndLive();
     decoder_->BeginLive();
     decoder_->FeedLive(Utterance());
 }
 
+void Listener::HearSpeech(std::span<const std::int16_t> frame) {
+    dictation_.Hear(frame);
+    if (supposing_) decoder_->FeedLive(frame);
+    FollowInterests();
+    if (supposing_ && endpointer_.Position() % kFramesPerHypothesis == 0) Suppose();
+}
+
 void Listener::Suppose() {
-    if (!supposing_) return;
+    {
+        // Half of a change has come already: what was active until now may be so no longer.
+        const std::lock_guard lock(mutex_);
+        if (next_vocabulary_) return;
+    }
     const auto since = Clock::now();
     const Path path = decoder_->LivePath();
     std::optional<RecognisedPhrase> phrase = PhraseOf(path, since);
@@ -127,20 +186,52 @@ void Listener::Suppose() {
     supposed_ = phrase->words;
     // What is still being said may yet turn out to be something else.
     phrase->confidence = std::min(phrase->confidence, SECNormalConfidence);
-    PostResult(*std::move(phrase), path, false);
+    reporter_.Supposed(TargetOf(path), *std::move(phrase));
 }
 
 void Listener::EndUtterance() {
     const auto since = Clock::now();
-    supposing_ = false;
-    const Path path = decoder_->Decode(Utterance());
-    std::optional<RecognisedPhrase> phrase = PhraseOf(path, since);
-    const SpeechEngineConfidence confidence = phrase ? phrase->confidence : SECLowConfidence;
-    if (phrase) {
-        phrase->latency += kFrame * (endpointer_.Position() - endpointer_.LastLoud());
-        PostResult(*std::move(phrase), path, true);
+    Path path;
+    std::optional<RecognisedPhrase> phrase;
+    // Again, if the rules change while it is judged: who would be told of the first reading may
+    // have gone. Not without end, for one who changes them all the time.
+    for (int attempt = 0; attempt < kMostReadings; ++attempt) {
+        AwaitVocabulary();
+        supposing_ = false;
+        path = decoder_->Decode(Utterance());
+        phrase = PhraseOf(path, since);
+        const std::lock_guard lock(mutex_);
+        if (!next_vocabulary_) break;
     }
+    const SpeechEngineConfidence confidence = phrase ? phrase->confidence : SECLowConfidence;
+    Tell(std::move(phrase), path, since);
     TellHowItWasSaid(path, confidence);
+}
+
+void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
+                    Clock::time_point since) {
+    const std::int64_t last_loud = endpointer_.LastLoud();
+    const std::int64_t position = endpointer_.Position();
+    // What is surely a command is no text; all else is, where somebody dictates.
+    if (vocabulary_->dictating && (!phrase || phrase->confidence < SECHighConfidence)) {
+        if (!dictation_.Hearing())
+            dictation_.Begin(vocabulary_->dictation_target, endpointer_.Begin(), Utterance(),
+                             false);
+        return dictation_.Write({.last_loud = last_loud, .known = position, .since = since});
+    }
+    dictation_.Drop();
+    const bool heard = phrase.has_value();
+    if (!heard) {
+        phrase.emplace();
+        phrase->begin = kFrame * endpointer_.Begin();
+        phrase->end = kFrame * last_loud;
+    }
+    phrase->spoken_until = kFrame * last_loud;
+    phrase->latency = kFrame * (position - last_loud) + (Clock::now() - since);
+    if (heard)
+        reporter_.Recognised(TargetOf(path), *std::move(phrase));
+    else
+        reporter_.NothingIn(*std::move(phrase));
 }
 
 void Listener::TellHowItWasSaid(const Path& path, SpeechEngineConfidence confidence) {
@@ -173,17 +264,10 @@ std::optional<RecognisedPhrase> Listener::PhraseOf(const Path& path,
     return phrase;
 }
 
-void Listener::PostResult(RecognisedPhrase phrase, const Path& path, bool final) {
-    const auto first = std::ranges::find_if(path, IsWord);
-    const auto word = static_cast<std::size_t>(first->word);
+std::weak_ptr<ResultTarget> Listener::TargetOf(const Path& path) const {
+    const auto word = static_cast<std::size_t>(std::ranges::find_if(path, IsWord)->word);
     const auto rule = static_cast<std::size_t>(vocabulary_->graph.words[word].rule);
-    const std::int64_t position = (endpointer_.Begin() + first->first_frame) * kBytesPerFrame;
-    post_([target = vocabulary_->rules[rule].target, position, final,
-           result = std::make_shared<RecoResult>(std::move(phrase))] {
-        const std::shared_ptr<ResultTarget> listening = target.lock();
-        if (!listening) return;
-        final ? listening->Recognised(position, result) : listening->Supposed(position, result);
-    });
+    return vocabulary_->rules[rule].target;
 }
 
 }  // namespace corvane::engine

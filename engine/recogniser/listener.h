@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <condition_variable>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -14,8 +15,10 @@
 
 #include "engine/audio/audio_source.h"
 #include "engine/recogniser/decoder.h"
+#include "engine/recogniser/dictation.h"
 #include "engine/recogniser/endpointer.h"
 #include "engine/recogniser/reco_result.h"
+#include "engine/recogniser/reporter.h"
 #include "engine/recogniser/sound_feedback.h"
 #include "engine/recogniser/vocabulary.h"
 
@@ -25,10 +28,8 @@ namespace corvane::engine {
 /// a target itself, it only posts.
 class Listener {
 public:
-    using Post = SoundFeedback::Post;
-
-    Listener(std::unique_ptr<Decoder> decoder, AudioSource& source, Post post,
-             std::weak_ptr<Audience> audience);
+    Listener(std::unique_ptr<Decoder> decoder, AudioSource& source, Dictation& dictation,
+             const Reporter& reporter, SoundFeedback feedback);
     /// Stops: nothing is posted any more.
     ~Listener();
     Listener(const Listener&) = delete;
@@ -37,7 +38,9 @@ public:
     /// Begins to read the source; once is enough.
     void Start();
 
-    /// What can be said from now on. An utterance under way is judged by it from its beginning.
+    /// What can be said from now on. An utterance that is under way, or not judged to the end, is
+    /// judged by it from its beginning. One of which more is to follow waits for that, and an
+    /// utterance that ends meanwhile waits too.
     void SetVocabulary(std::shared_ptr<const Vocabulary> vocabulary);
 
     /// What anybody wants to know: a sum of SpeechRecoEvents.
@@ -46,32 +49,40 @@ public:
     void WaitForEndOfStream();
 
 private:
-    using Clock = std::chrono::steady_clock;
+    using Clock = Vocabulary::Clock;
 
     void Run();
     [[nodiscard]] bool ReadFrame(std::span<std::int16_t> frame);
     void TakeVocabulary();
+    void AwaitVocabulary();
+    [[nodiscard]] bool VocabularyIsDue();
+    void UseVocabulary(std::shared_ptr<const Vocabulary> vocabulary);
     void Hear(std::span<const std::int16_t> frame);
-    void BeginHypotheses();
+    void HearSpeech(std::span<const std::int16_t> frame);
+    void BeginUtterance();
+    void FollowInterests();
     void Suppose();
     void EndUtterance();
+    void Tell(std::optional<RecognisedPhrase> phrase, const Path& path, Clock::time_point since);
     void TellHowItWasSaid(const Path& path, SpeechEngineConfidence confidence);
     [[nodiscard]] std::span<const std::int16_t> Utterance() const;
     [[nodiscard]] std::optional<RecognisedPhrase> PhraseOf(const Path& path,
                                                            Clock::time_point since) const;
-    void PostResult(RecognisedPhrase phrase, const Path& path, bool final);
+    [[nodiscard]] std::weak_ptr<ResultTarget> TargetOf(const Path& path) const;
 
     std::unique_ptr<Decoder> decoder_;
     AudioSource& source_;
-    Post post_;
+    Dictation& dictation_;
+    const Reporter& reporter_;
 
     std::mutex mutex_;
+    std::condition_variable vocabulary_came_;
     std::shared_ptr<const Vocabulary> next_vocabulary_;  ///< guarded by mutex_
     std::atomic<std::int32_t> interests_ = 0;
     std::atomic<bool> stopping_ = false;
 
     // The thread's own.
-    std::shared_ptr<const Vocabulary> vocabulary_;
+    std::shared_ptr<const Vocabulary> vocabulary_ = std::make_shared<Vocabulary>();
     Endpointer endpointer_;
     SoundFeedback feedback_;
     std::vector<std::int16_t> sound_;  ///< of the utterance, or the last moment of stillness

@@ -1,12 +1,28 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/recogniser/reco_context.h"
 
+#include <algorithm>
 #include <utility>
+
+#include "platform/error.h"
 
 namespace corvane::engine {
 namespace {
 
 constexpr std::int32_t kOnlyStream = 1;
+
+/// How long a context without rules is believed to be getting some. To load a grammar of a thousand
+/// keywords takes a fifth of it.
+constexpr std::chrono::milliseconds kPatience{500};
+
+/// The recogniser as the contexts' users see it.
+class SharedRecognizer final : public ISpeechRecognizer {
+public:
+    void DisplayUI(std::uint32_t /*hWndParent*/, const std::string& /*Title*/,
+                   const std::string& TypeOfUI, const std::string& /*ExtraData*/) override {
+        throw RuntimeError(kAutomationError, "This engine does not offer " + TypeOfUI);
+    }
+};
 
 }  // namespace
 
@@ -32,8 +48,14 @@ std::shared_ptr<ISpeechRecoGrammar> RecoContext::CreateGrammar(std::int32_t /*Gr
     return grammar;
 }
 
+std::shared_ptr<ISpeechRecognizer> RecoContext::Recognizer() const {
+    return std::make_shared<SharedRecognizer>();
+}
+
 void RecoContext::SetEventInterests(std::int32_t Mask) {
+    const auto rules_due = RulesDue();
     interests_ = Mask;
+    if (RulesDue() != rules_due) recogniser_->RulesChanged();
     recogniser_->InterestsChanged();
 }
 
@@ -44,6 +66,27 @@ void RecoContext::Advise(SpeechRecoContextEvents Events) {
 void RecoContext::AddActiveRules(std::vector<const GrammarRule*>& rules) const {
     for (const std::weak_ptr<RecoGrammar>& grammar : grammars_)
         if (const std::shared_ptr<RecoGrammar> held = grammar.lock()) held->AddActiveRules(rules);
+}
+
+DictationState RecoContext::Dictates() const {
+    DictationState most = DictationState::none;
+    for (const std::weak_ptr<RecoGrammar>& grammar : grammars_)
+        if (const std::shared_ptr<RecoGrammar> held = grammar.lock())
+            most = std::max(most, held->Dictates());
+    return most;
+}
+
+Vocabulary::Clock::time_point RecoContext::RulesDue() const {
+    // One that asks for other events only is not going to have any.
+    if (interests_ != 0 && (interests_ & SRERecognition) == 0) return {};
+    std::vector<const GrammarRule*> rules;
+    AddActiveRules(rules);
+    if (!rules.empty() || Dictates() == DictationState::active) return {};
+    Vocabulary::Clock::time_point changed = created_;
+    for (const std::weak_ptr<RecoGrammar>& grammar : grammars_)
+        if (const std::shared_ptr<RecoGrammar> held = grammar.lock())
+            changed = std::max(changed, held->Changed());
+    return changed + kPatience;
 }
 
 // The handlers are copied: one may connect others while it runs.

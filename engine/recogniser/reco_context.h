@@ -23,11 +23,14 @@ public:
 
     [[nodiscard]] std::shared_ptr<ISpeechRecoGrammar> CreateGrammar(
         std::int32_t GrammarId) override;
+    [[nodiscard]] std::shared_ptr<ISpeechRecognizer> Recognizer() const override;
     [[nodiscard]] std::int32_t EventInterests() const override { return interests_; }
     void SetEventInterests(std::int32_t Mask) override;
     void Advise(SpeechRecoContextEvents Events) override;
 
     void AddActiveRules(std::vector<const GrammarRule*>& rules) const override;
+    [[nodiscard]] DictationState Dictates() const override;
+    [[nodiscard]] Vocabulary::Clock::time_point RulesDue() const override;
     void Recognised(std::int64_t position, std::shared_ptr<ISpeechRecoResult> result) override;
     void Supposed(std::int64_t position, std::shared_ptr<ISpeechRecoResult> result) override;
     void HeardLevel(std::int64_t position, std::int32_t level) override;
@@ -38,6 +41,7 @@ private:
 
     std::shared_ptr<Recogniser> recogniser_;
     std::vector<std::weak_ptr<RecoGrammar>> grammars_;
+    Vocabulary::Clock::time_point created_ = Vocabulary::Clock::now();
     SpeechRecoContextEvents events_;
     std::int32_t interests_ = 0;
 };

@@ -39,6 +39,11 @@ private:
     std::vector<std::shared_ptr<ISpeechGrammarRule>> rules_;
 };
 
+void CheckState(std::int32_t state) {
+    if (state != SGDSActive && state != SGDSInactive)
+        throw RuntimeError(kInvalidProcedureCall, "There is no such state");
+}
+
 }  // namespace
 
 RecoGrammar::RecoGrammar(std::shared_ptr<Recogniser> recogniser)
@@ -52,7 +57,7 @@ RecoGrammar::~RecoGrammar() {
 void RecoGrammar::CmdLoadFromFile(const std::string& FileName, std::int32_t /*LoadOption*/) {
     grammar_ = {};
     active_.clear();
-    recogniser_->RulesChanged();
+    Change();
     grammar_ = LoadGrammar(FileName);
     active_.assign(grammar_.rules.size(), false);
     recogniser_->Learn(grammar_);
@@ -63,8 +68,7 @@ std::shared_ptr<ISpeechGrammarRules> RecoGrammar::Rules() const {
 }
 
 void RecoGrammar::CmdSetRuleIdState(std::int32_t RuleId, std::int32_t State) {
-    if (State != SGDSActive && State != SGDSInactive)
-        throw RuntimeError(kInvalidProcedureCall, "A rule has no such state");
+    CheckState(State);
     bool found = RuleId == 0 && !grammar_.rules.empty();
     for (std::size_t i = 0; i < grammar_.rules.size(); ++i) {
         const GrammarRule& rule = grammar_.rules[i];
@@ -73,6 +77,37 @@ void RecoGrammar::CmdSetRuleIdState(std::int32_t RuleId, std::int32_t State) {
         found = true;
     }
     if (!found) throw RuntimeError(kAutomationError, "The grammar has no rule of this Id");
+    Change();
+}
+
+void RecoGrammar::DictationLoad(const std::string& TopicName, std::int32_t /*LoadOption*/) {
+    if (!TopicName.empty())
+        throw RuntimeError(kAutomationError, "There is no dictation topic " + TopicName);
+    if (dictation_ == DictationState::none) SetDictation(DictationState::loaded);
+}
+
+void RecoGrammar::DictationSetState(std::int32_t State) {
+    CheckState(State);
+    if (dictation_ == DictationState::none)
+        throw RuntimeError(kAutomationError, "Dictation is not loaded");
+    SetDictation(State == SGDSActive ? DictationState::active : DictationState::loaded);
+}
+
+void RecoGrammar::DictationUnload() {
+    if (dictation_ == DictationState::none)
+        throw RuntimeError(kAutomationError, "Dictation is not loaded");
+    SetDictation(DictationState::none);
+}
+
+// A state that can't be had is not taken.
+void RecoGrammar::SetDictation(DictationState state) {
+    if (state == DictationState::loaded) recogniser_->CheckDictation();
+    dictation_ = state;
+    Change();
+}
+
+void RecoGrammar::Change() {
+    changed_ = Vocabulary::Clock::now();
     recogniser_->RulesChanged();
 }
 

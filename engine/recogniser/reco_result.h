@@ -13,12 +13,14 @@ namespace corvane::engine {
 /// What was heard, and what only the engine's own tools ask for.
 struct RecognisedPhrase {
     std::vector<std::string> words;  ///< in the grammar's own spelling
-    std::string rule;
+    std::string rule;                ///< empty for dictated text
     SpeechEngineConfidence confidence = SECLowConfidence;
     double score = 0.0;  ///< what the confidence was decided by, 0 to 1
     /// Place in the stream, from the first word to the end of the last.
     std::chrono::milliseconds begin{};
     std::chrono::milliseconds end{};
+    /// Where its utterance fell silent; 0 for a hypothesis.
+    std::chrono::milliseconds spoken_until{};
     /// From the end of speech to the event: sound waited for and time spent on it. Of a hypothesis
     /// the time spent alone.
     std::chrono::duration<double, std::milli> latency{};

@@ -2,14 +2,15 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <utility>
 
 #include "engine/audio/audio_source.h"
 #include "engine/grammar/grammar.h"
 #include "engine/grammar/lexicon.h"
 #include "engine/recogniser/audience.h"
+#include "engine/recogniser/dictation.h"
 #include "engine/recogniser/listener.h"
+#include "engine/recogniser/reporter.h"
 
 namespace corvane::engine {
 
@@ -17,17 +18,21 @@ namespace corvane::engine {
 /// another.
 class Recogniser {
 public:
-    /// Loads model and dictionary; raises kAutomationError when one can't be read.
-    Recogniser(const std::string& acoustic_model, const std::string& dictionary,
-               AudioSource& source, Listener::Post post);
+    /// Loads acoustic model and dictionary; raises kAutomationError when one can't be read.
+    Recogniser(const DictationModel& model, AudioSource& source, Reporter::Post post,
+               Reporter::Unmatched unmatched);
 
-    void Join(std::weak_ptr<RecogniserClient> client) { audience_->Join(std::move(client)); }
+    void Join(std::weak_ptr<RecogniserClient> client);
 
     /// Makes the words of a grammar speakable.
     void Learn(const Grammar& grammar) { lexicon_.Learn(grammar); }
 
-    /// To be called when a client has other active rules than before, or is gone.
+    /// To be called when a client has other active rules or dictates otherwise than before, or is
+    /// gone.
     void RulesChanged();
+
+    /// Raises kAutomationError when there is nothing to dictate with.
+    void CheckDictation() const;
 
     /// To be called when a client has other interests; the first interest of all starts listening.
     void InterestsChanged();
@@ -40,7 +45,10 @@ public:
 private:
     Lexicon lexicon_;
     std::shared_ptr<Audience> audience_ = std::make_shared<Audience>();
-    std::unique_ptr<Listener> listener_;  ///< empty once stopped
+    Reporter reporter_;
+    // Empty once stopped. The listener uses the dictation.
+    std::unique_ptr<Dictation> dictation_;
+    std::unique_ptr<Listener> listener_;
 };
 
 }  // namespace corvane::engine

@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -22,12 +23,22 @@ public:
 
 /// What can be said at one time and to whom: the active rules of all contexts, compiled together.
 struct Vocabulary {
+    using Clock = std::chrono::steady_clock;
+
     struct Rule {
         std::string name;
         std::weak_ptr<ResultTarget> target;
     };
     WordGraph graph;
     std::vector<Rule> rules;  ///< by the graph's rule indexes
+
+    /// Whether what is no command is text, and who is told of it.
+    bool dictating = false;
+    std::weak_ptr<ResultTarget> dictation_target;
+
+    /// Until then it is half of a change, to be passed over if the other half comes: a context is
+    /// there whose rules are still to be switched on.
+    Clock::time_point holds_from{};
 };
 
 }  // namespace corvane::engine

@@ -67,7 +67,8 @@ enum SpeechInterference : std::int32_t {
 class ISpeechPhraseRule {
 public:
     virtual ~ISpeechPhraseRule() = default;
-    /// Name of the grammar rule that matched, in the grammar's own spelling.
+    /// Name of the grammar rule that matched, in the grammar's own spelling; empty for dictated
+    /// text.
     [[nodiscard]] virtual std::string Name() const = 0;
     /// How sure the engine is: a SpeechEngineConfidence.
     [[nodiscard]] virtual std::int32_t Confidence() const = 0;
@@ -76,7 +77,8 @@ public:
 class ISpeechPhraseInfo {
 public:
     virtual ~ISpeechPhraseInfo() = default;
-    /// The phrase as display text, in the grammar's own spelling, words parted by one blank.
+    /// The phrase as display text, in the grammar's own spelling, words parted by one blank;
+    /// dictated text in the dictionary's.
     /// StartElement counts words from 0; Elements -1 means all that follow.
     [[nodiscard]] virtual std::string GetText(std::int32_t StartElement, std::int32_t Elements,
                                               bool UseReplacements) const = 0;
@@ -118,6 +120,18 @@ public:
     /// RuleId 0 stands for all top-level rules that are marked ACTIVE. Raises when there is no rule
     /// of that Id, which on a grammar without rules is every Id.
     virtual void CmdSetRuleIdState(std::int32_t RuleId, std::int32_t State) = 0;
+
+    /// Loads free dictation, of the topic "", the general one; any other raises. It is not active
+    /// yet. Returns at once: what is said while the engine still loads is told when it has loaded.
+    /// Loading twice is loading once.
+    virtual void DictationLoad(const std::string& TopicName, std::int32_t LoadOption) = 0;
+    /// While dictation is active, whatever is said and is no command of an active rule, heard with
+    /// high confidence, is recognised as text whose rule has an empty name. Where several grammars
+    /// dictate, the context that was created last is told. Raises before a DictationLoad.
+    virtual void DictationSetState(std::int32_t State) = 0;
+    /// Ends dictation, what is said but not told yet included, and gives back what it took. Raises
+    /// when none is loaded.
+    virtual void DictationUnload() = 0;
 };
 
 /// Where a context's events go. An empty function takes no events.
@@ -141,12 +155,25 @@ struct SpeechRecoContextEvents {
     std::function<void(std::int32_t StreamNumber, const Variant& StreamPosition)> Adaptation;
 };
 
+/// The recogniser that contexts share.
+class ISpeechRecognizer {
+public:
+    virtual ~ISpeechRecognizer() = default;
+    /// Shows one of the engine's own dialogs, "UserTraining" or "AddRemoveWord", over the window
+    /// hWndParent (0: over none) and returns when it is closed. Raises when the engine does not
+    /// offer it.
+    virtual void DisplayUI(std::uint32_t hWndParent, const std::string& Title,
+                           const std::string& TypeOfUI, const std::string& ExtraData) = 0;
+};
+
 /// A listener on the shared recogniser, released with its last reference.
 class ISpeechRecoContext {
 public:
     virtual ~ISpeechRecoContext() = default;
     [[nodiscard]] virtual std::shared_ptr<ISpeechRecoGrammar> CreateGrammar(
         std::int32_t GrammarId) = 0;
+    /// The recogniser behind this context; the same for all of them.
+    [[nodiscard]] virtual std::shared_ptr<ISpeechRecognizer> Recognizer() const = 0;
     /// Sum of SpeechRecoEvents; events whose bit is missing are not raised.
     [[nodiscard]] virtual std::int32_t EventInterests() const = 0;
     virtual void SetEventInterests(std::int32_t Mask) = 0;

@@ -48,6 +48,71 @@ TEST(SimulatedDesktop, OnlyInstalledProgramsStart) {
     EXPECT_ERROR(kFileNotFound, (desktop.runtime.Shell("", kNormalFocus), 0));
 }
 
+class SimulatedDictation : public ::testing::Test {
+protected:
+    SimulatedDictation() {
+        desktop.files.Put("/g.xml", GrammarOf(SimpleRule("the time", "what time is it")));
+        grammar = context->CreateGrammar(0);
+        grammar->CmdLoadFromFile("/g.xml", SLODynamic);
+        context->Advise({.Recognition =
+                             [this](std::int32_t, const Variant&, std::int32_t,
+                                    const std::shared_ptr<ISpeechRecoResult>& result) {
+                                 const auto phrase = result->PhraseInfo();
+                                 told += phrase->Rule()->Name() + ":" +
+                                         phrase->GetText(0, -1, true) + ";";
+                             },
+                         .Hypothesis = {},
+                         .AudioLevel = {},
+                         .Interference = {},
+                         .Adaptation = {}});
+        context->SetEventInterests(SRERecognition);
+    }
+
+    SimulatedDesktop desktop;
+    std::shared_ptr<ISpeechRecoContext> context = desktop.speech.CreateSpSharedRecoContext();
+    std::shared_ptr<ISpeechRecoGrammar> grammar;
+    std::string told;
+};
+
+TEST_F(SimulatedDictation, WhatIsNoSureCommandIsTextWhileItIsActive) {
+    grammar->CmdSetRuleIdState(0, SGDSActive);
+    EXPECT_FALSE(desktop.speech.Say("dear brother"));
+    grammar->DictationLoad("", SLOStatic);
+    EXPECT_FALSE(desktop.speech.Say("dear brother"));
+    grammar->DictationSetState(SGDSActive);
+    EXPECT_TRUE(desktop.speech.Say("dear brother"));
+    EXPECT_TRUE(desktop.speech.Say("what time is it"));
+    EXPECT_TRUE(desktop.speech.Say("what time is it", SECNormalConfidence));
+    grammar->DictationUnload();
+    EXPECT_FALSE(desktop.speech.Say("dear brother"));
+    desktop.RunFor(1ms);
+    EXPECT_EQ(told, ":dear brother;the time:what time is it;:what time is it;");
+}
+
+TEST_F(SimulatedDictation, CallsOutOfOrderRaise) {
+    EXPECT_ERROR(kAutomationError, (grammar->DictationSetState(SGDSActive), 0));
+    EXPECT_ERROR(kAutomationError, (grammar->DictationUnload(), 0));
+    EXPECT_ERROR(kAutomationError, (grammar->DictationLoad("spelling", SLOStatic), 0));
+    grammar->DictationLoad("", SLOStatic);
+    EXPECT_ERROR(kInvalidProcedureCall, (grammar->DictationSetState(2), 0));
+}
+
+TEST_F(SimulatedDictation, LoadedRulesLeaveItAlone) {
+    grammar->DictationLoad("", SLOStatic);
+    grammar->CmdLoadFromFile("/g.xml", SLODynamic);
+    grammar->DictationSetState(SGDSActive);
+    EXPECT_TRUE(desktop.speech.Say("dear brother"));
+}
+
+TEST_F(SimulatedDictation, DialogsAreRecordedAndCloseAtOnce) {
+    desktop.record.Clear();
+    context->Recognizer()->DisplayUI(7, "Training", "UserTraining", "some words");
+    EXPECT_EQ(desktop.record.Transcript(),
+              "DisplayUI 7 \"Training\" UserTraining \"some words\"\n");
+    desktop.record.Fail("DisplayUI", kAutomationError);
+    EXPECT_ERROR(kAutomationError, (context->Recognizer()->DisplayUI(0, "", "", ""), 0));
+}
+
 TEST(SpokenGrammar, AcceptsEverySayingOfARuleAndNoOther) {
     const auto rules =
         ParseGrammar(GrammarOf("<RULE NAME=\"read\" TOPLEVEL=\"ACTIVE\"><O>please</O><P>read</P>"

@@ -57,10 +57,67 @@ TEST(WavFile, CutShortGivesWhatIsThere) {
 TEST(WavFile, OtherKindsAreRefused) {
     for (const std::string& other :
          {std::string("MP3"), Wav(""), Wav(kSound), Wav(Chunk("fmt ", "short") + kSound),
-          Wav(Format(1, 1, 16000, 16)), Wav(Format(1, 2, 16000, 16) + kSound),
-          Wav(Format(1, 1, 8000, 16) + kSound), Wav(Format(1, 1, 16000, 8) + kSound),
-          Wav(Format(3, 1, 16000, 16) + kSound)})
+          Wav(Format(1, 1, 16000, 16)), Wav(Format(7, 1, 16000, 8) + kSound),
+          Wav(Format(1, 1, 16000, 12) + kSound), Wav(Format(1, 1, 16000, 64) + kSound),
+          Wav(Format(3, 1, 16000, 16) + kSound), Wav(Format(1, 0, 16000, 16) + kSound),
+          Wav(Format(1, 9, 16000, 16) + kSound), Wav(Format(1, 1, 0, 16) + kSound),
+          Wav(Format(1, 1, 3999, 16) + kSound), Wav(Format(1, 1, 192001, 16) + kSound),
+          Wav(Format(0xFFFE, 1, 16000, 16) + kSound)})
         EXPECT_THROW((void)ParseWav(other), RuntimeError) << other;
+}
+
+TEST(WavFile, SaysWhyItIsRefused) {
+    try {
+        (void)ParseWav(Wav(Format(7, 1, 8000, 8) + kSound));
+        ADD_FAILURE() << "it was read";
+    } catch (const RuntimeError& error) {
+        EXPECT_STREQ(error.what(), "Not a usable WAV file: its sound is compressed (coding 7)");
+    }
+}
+
+/// Half of full scale and back, in any way to write a sample.
+struct Written {
+    const char* what;
+    std::uint32_t coding;
+    std::uint32_t bits;
+    std::string samples;
+};
+
+TEST(WavFile, SamplesOfAnySizeAreScaledToSixteenBits) {
+    for (const Written& written :
+         {Written{"8 bits", 1, 8, Bytes(0xC0, 1) + Bytes(0x40, 1)},
+          Written{"16 bits", 1, 16, Bytes(0x4000, 2) + Bytes(0xC000, 2)},
+          Written{"24 bits", 1, 24, Bytes(0x400000, 3) + Bytes(0xC00000, 3)},
+          Written{"32 bits", 1, 32, Bytes(0x40000000, 4) + Bytes(0xC0000000, 4)},
+          Written{"32 bits, real", 3, 32, Bytes(0x3F000000, 4) + Bytes(0xBF000000, 4)},
+          Written{"64 bits, real", 3, 64,
+                  Bytes(0, 4) + Bytes(0x3FE00000, 4) + Bytes(0, 4) + Bytes(0xBFE00000, 4)}})
+        EXPECT_EQ(ParseWav(Wav(Format(written.coding, 1, 16000, written.bits) +
+                               Chunk("data", written.samples))),
+                  (std::vector<std::int16_t>{16384, -16384}))
+            << written.what;
+}
+
+TEST(WavFile, RealSamplesThatAreTooLargeOrNoNumbersDoNoHarm) {
+    const std::string samples = Bytes(0x41200000, 4) + Bytes(0x7FC00000, 4) + Bytes(0xFF800000, 4);
+    EXPECT_EQ(ParseWav(Wav(Format(3, 1, 16000, 32) + Chunk("data", samples))),
+              (std::vector<std::int16_t>{32767, 0, 0}));
+}
+
+TEST(WavFile, ChannelsAreMixed) {
+    const std::string samples = Bytes(1000, 2) + Bytes(3000, 2);
+    EXPECT_EQ(ParseWav(Wav(Format(1, 2, 16000, 16) + Chunk("data", samples))),
+              std::vector<std::int16_t>{2000});
+}
+
+TEST(WavFile, ExtensibleFormatIsWhatItsSubformatSays) {
+    const auto extensible = [](std::uint32_t subformat) {
+        const std::string plain = Format(0xFFFE, 1, 16000, 16).substr(8);
+        return Chunk("fmt ", plain + Bytes(22, 2) + Bytes(16, 2) + Bytes(4, 4) +
+                                 Bytes(subformat, 2) + std::string(14, '\0'));
+    };
+    EXPECT_EQ(ParseWav(Wav(extensible(1) + kSound)).size(), 2U);
+    EXPECT_THROW((void)ParseWav(Wav(extensible(7) + kSound)), RuntimeError);
 }
 
 TEST(MemorySource, ComesToItsEnd) {

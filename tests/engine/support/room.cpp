@@ -36,6 +36,7 @@ struct Microphone::Line {
     std::deque<std::int16_t> sound;
     bool hung_up = false;
     bool interrupted = false;
+    bool awaited = false;  ///< somebody waits for more sound
 };
 
 class Microphone::LineSource final : public AudioSource {
@@ -44,6 +45,8 @@ public:
 
     std::size_t Read(std::span<std::int16_t> block) override {
         std::unique_lock lock(line_->mutex);
+        line_->awaited = line_->sound.empty();
+        if (line_->awaited) line_->changed.notify_all();
         line_->changed.wait(
             lock, [this] { return line_->interrupted || line_->hung_up || !line_->sound.empty(); });
         if (line_->interrupted) return 0;
@@ -80,6 +83,12 @@ void Microphone::Hear(const Sound& sound) {
         line_->sound.insert(line_->sound.end(), sound.begin(), sound.end());
     }
     line_->changed.notify_all();
+}
+
+void Microphone::WaitUntilRead() {
+    std::unique_lock lock(line_->mutex);
+    line_->changed.wait_for(lock, std::chrono::milliseconds(200),
+                            [this] { return line_->awaited && line_->sound.empty(); });
 }
 
 void Microphone::HangUp() {

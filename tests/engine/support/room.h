@@ -32,6 +32,8 @@ class Microphone {
 public:
     void Hear(const Sound& sound);
     void HangUp();
+    /// Waits until the engine has read all of it and comes back for more, with a bound.
+    void WaitUntilRead();
     [[nodiscard]] std::unique_ptr<AudioSource> Source();
 
 private:

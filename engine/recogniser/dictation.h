@@ -1,0 +1,106 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "engine/recogniser/dictation_decoder.h"
+#include "engine/recogniser/reporter.h"
+
+namespace corvane::engine {
+
+/// Makes text of utterances, on a thread of its own beside the one that listens, so that neither
+/// that nor the loop waits for it. Utterances queue up and are told in their order; what is said
+/// while the model loads is written once it has.
+class Dictation {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    /// How an utterance ended; positions count frames of the stream from 0.
+    struct Ending {
+        std::int64_t last_loud = 0;
+        std::int64_t known = 0;   ///< where it was clear that it is over
+        Clock::time_point since;  ///< and when
+    };
+
+    Dictation(DictationModel model, const Reporter& reporter);
+    /// Ends at once but for the utterance that is being decoded: nothing is told any more.
+    ~Dictation();
+    Dictation(const Dictation&) = delete;
+    Dictation& operator=(const Dictation&) = delete;
+
+    // For the loop's thread.
+
+    /// Raises kAutomationError when the model's files can't be read.
+    void CheckFiles() const;
+    /// Whether text is wanted: loads what that takes, or gives it back and forgets what was said.
+    void Want(bool wanted);
+    /// Waits until all that was to be written is.
+    void WaitUntilWritten();
+
+    // For the listening thread.
+
+    /// An utterance has begun; `sound` is what there is of it, from the frame `begin` of the
+    /// stream. `target` is told suppositions of it if it is to `suppose`.
+    void Begin(std::weak_ptr<ResultTarget> target, std::int64_t begin,
+               std::span<const std::int16_t> sound, bool suppose);
+    void Hear(std::span<const std::int16_t> sound);
+    /// The utterance is over and is text.
+    void Write(const Ending& ending);
+    /// The utterance is no text.
+    void Drop();
+    [[nodiscard]] bool Hearing() const { return hearing_ != nullptr; }
+
+private:
+    struct Utterance {
+        std::weak_ptr<ResultTarget> target;
+        std::int64_t begin = 0;
+        bool suppose = false;
+        // Guarded by mutex_ until it is over.
+        std::vector<std::int16_t> sound;
+        bool dropped = false;
+        std::optional<Ending> ending;
+    };
+    /// Why the thread wakes up.
+    enum class Task { none, load, unload, discard, write, follow };
+
+    void Run();
+    [[nodiscard]] Task NextTask() const;
+    void Load(std::unique_lock<std::mutex>& lock);
+    void Unload(std::unique_lock<std::mutex>& lock);
+    void Follow(std::unique_lock<std::mutex>& lock);
+    void WriteFirst(std::unique_lock<std::mutex>& lock);
+    void Suppose(const Utterance& utterance);
+
+    DictationModel model_;
+    const Reporter& reporter_;
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    // Guarded by mutex_.
+    std::deque<std::shared_ptr<Utterance>> queue_;
+    bool wanted_ = false;
+    bool failed_ = false;  ///< the model could not be loaded
+    bool stopping_ = false;
+
+    std::shared_ptr<Utterance> hearing_;  ///< the listening thread's own
+
+    // The own thread's.
+    std::unique_ptr<DictationDecoder> decoder_;
+    std::size_t followed_ = 0;  ///< samples of the first utterance that were decoded live
+    std::size_t supposed_at_ = 0;
+    std::vector<std::string> supposed_;
+
+    std::thread thread_;
+};
+
+}  // namespace corvane::engine

@@ -1,0 +1,62 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+struct ps_decoder_s;
+
+namespace corvane::engine {
+
+/// Where free dictation finds what it needs.
+struct DictationModel {
+    std::string acoustic_model;  ///< a folder
+    std::string dictionary;
+    std::string language_model;  ///< n-grams of the dictionary's words
+};
+
+/// Text that was said, and how sure that is.
+struct DictatedText {
+    std::vector<std::string> words;
+    int first_frame = 0;  ///< of the first word, from the beginning of the utterance, 10 ms each
+    int last_frame = 0;   ///< of the last word
+    /// Mean posterior probability of the words among all readings the search has kept; 0 while the
+    /// utterance is not over.
+    double certainty = 0.0;
+};
+
+/// The search for any text at all, by an n-gram model, on PocketSphinx. Takes about 100 MB and a
+/// quarter of a second to load. For one thread at a time.
+class DictationDecoder {
+public:
+    /// Raises kAutomationError when something of the model can't be loaded.
+    explicit DictationDecoder(const DictationModel& model);
+    ~DictationDecoder();
+    DictationDecoder(const DictationDecoder&) = delete;
+    DictationDecoder& operator=(const DictationDecoder&) = delete;
+
+    /// Decodes as the sound arrives, less exactly than the whole utterance: at the beginning of a
+    /// session a live reading has twice the errors, since it does not know the voice's mean yet.
+    void BeginLive();
+    void FeedLive(std::span<const std::int16_t> samples);
+    [[nodiscard]] DictatedText LiveText();
+    void EndLive();
+
+    /// Decodes a whole utterance. Breaks off a live one.
+    [[nodiscard]] DictatedText Decode(std::span<const std::int16_t> utterance);
+
+private:
+    [[nodiscard]] bool StartUtterance();
+    [[nodiscard]] DictatedText CurrentText();
+
+    struct FreeDecoder {
+        void operator()(ps_decoder_s* decoder) const;
+    };
+    std::unique_ptr<ps_decoder_s, FreeDecoder> decoder_;
+    bool live_ = false;
+};
+
+}  // namespace corvane::engine

@@ -1,0 +1,258 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/error.h"
+#include "support/memory.h"
+#include "support/room.h"
+#include "support/temporary_file.h"
+
+namespace corvane::engine {
+namespace {
+
+using testing::GrammarOf;
+using testing::Listening;
+using testing::Room;
+using testing::RuleOf;
+using testing::Say;
+using testing::Sound;
+using testing::TemporaryFile;
+using testing::Told;
+
+std::int32_t ErrorOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+/// Whether at least so large a share of the wanted words was written, in their order. Free text is
+/// never right for sure.
+::testing::AssertionResult Says(const std::shared_ptr<ISpeechRecoResult>& result,
+                                const std::string& wanted, double share = 0.5) {
+    const std::string written = result->PhraseInfo()->GetText(0, -1, true);
+    std::istringstream words(wanted);
+    std::size_t count = 0;
+    std::size_t right = 0;
+    std::size_t place = 0;
+    for (std::string word; words >> word; ++count) {
+        const std::size_t found = (" " + written + " ").find(" " + word + " ", place);
+        if (found == std::string::npos) continue;
+        place = found + word.size();
+        ++right;
+    }
+    if (static_cast<double>(right) >= share * static_cast<double>(count))
+        return ::testing::AssertionSuccess() << written;
+    return ::testing::AssertionFailure() << "written: " << written;
+}
+
+constexpr const char* kThanks = "thank you very much for your help";
+constexpr const char* kCommittee = "the committee will meet again on monday morning";
+
+/// Turns a context that listens for commands to dictation, as the program does it.
+void StartDictation(ISpeechRecoGrammar& grammar) {
+    grammar.CmdSetRuleIdState(0, SGDSInactive);
+    grammar.DictationLoad("", SLOStatic);
+    grammar.DictationSetState(SGDSActive);
+}
+
+class Dictating : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (!testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks in this test, is missing";
+    }
+
+    TemporaryFile time_file{GrammarOf(RuleOf("the time", "what time is it"))};
+    TemporaryFile months_file{GrammarOf(RuleOf("May", "May") + RuleOf("March", "March"))};
+    Room room;
+};
+
+TEST_F(Dictating, WhatIsSaidIsTextThatBelongsToNoRule) {
+    const Listening pad(*room.engine, time_file.Path());
+    StartDictation(*pad.grammar);
+    room.HearToTheEnd(Say(kCommittee));
+    ASSERT_EQ(pad.recognised.size(), 1U);
+    EXPECT_TRUE(Says(pad.recognised[0], kCommittee));
+    EXPECT_EQ(pad.recognised[0]->PhraseInfo()->Rule()->Name(), "");
+    EXPECT_GE(pad.recognised[0]->PhraseInfo()->Rule()->Confidence(), SECNormalConfidence);
+    EXPECT_EQ(pad.recognised[0]->PhraseInfo()->GetText(1, 2, true), "committee will");
+}
+
+TEST_F(Dictating, PhrasesAreToldInTheirOrderEachWithItsPlace) {
+    const Listening pad(*room.engine, time_file.Path());
+    StartDictation(*pad.grammar);
+    room.HearToTheEnd(testing::Joined(Say(kThanks, "rms"), Say(kCommittee)));
+    ASSERT_EQ(pad.recognised.size(), 2U);
+    EXPECT_TRUE(Says(pad.recognised[0], kThanks));
+    EXPECT_TRUE(Says(pad.recognised[1], kCommittee));
+    EXPECT_LT(pad.positions[0], 32000);
+    EXPECT_GT(pad.positions[1], 32000 * 2);
+}
+
+TEST_F(Dictating, SurelyHeardCommandOfAnotherContextIsNoText) {
+    const Listening clock(*room.engine, time_file.Path());
+    const Listening pad(*room.engine, months_file.Path());
+    StartDictation(*pad.grammar);
+    room.HearToTheEnd(testing::Joined(Say("what time is it", "rms"), Say(kThanks, "rms")));
+    ASSERT_EQ(clock.recognised.size(), 1U);
+    EXPECT_EQ(Told(clock.recognised[0]), "the time: what time is it");
+    ASSERT_EQ(pad.recognised.size(), 1U);
+    EXPECT_TRUE(Says(pad.recognised[0], kThanks));
+}
+
+TEST_F(Dictating, TextIsSupposedWhileItIsSaid) {
+    const Listening pad(*room.engine, time_file.Path());
+    StartDictation(*pad.grammar);
+    const Sound speech = Say(kThanks, "rms");
+    const auto most = static_cast<std::ptrdiff_t>(speech.size() - 16000);
+    room.microphone.Hear({speech.begin(), speech.begin() + most});
+    ASSERT_TRUE(room.messages.WaitForOne());
+    room.messages.Run();
+    ASSERT_FALSE(pad.supposed.empty());
+    EXPECT_EQ(pad.supposed[0]->PhraseInfo()->Rule()->Name(), "");
+    EXPECT_LT(pad.supposed[0]->PhraseInfo()->Rule()->Confidence(), SECHighConfidence);
+    EXPECT_TRUE(pad.recognised.empty());
+    room.HearToTheEnd({speech.begin() + most, speech.end()});
+    EXPECT_EQ(pad.recognised.size(), 1U);
+}
+
+TEST_F(Dictating, NothingIsSupposedThatNobodyWantsToKnow) {
+    const Listening pad(*room.engine, time_file.Path(), SRERecognition);
+    StartDictation(*pad.grammar);
+    room.HearToTheEnd(Say(kThanks, "rms"));
+    EXPECT_TRUE(pad.supposed.empty());
+    EXPECT_EQ(pad.recognised.size(), 1U);
+}
+
+TEST_F(Dictating, BegunInTheMiddleOfSpeechItWritesAllOfIt) {
+    const Listening pad(*room.engine, time_file.Path());
+    const Sound speech = Say(kThanks, "rms");
+    const auto half = static_cast<std::ptrdiff_t>(speech.size() / 2);
+    room.microphone.Hear({speech.begin(), speech.begin() + half});
+    room.microphone.WaitUntilRead();
+    StartDictation(*pad.grammar);
+    room.HearToTheEnd({speech.begin() + half, speech.end()});
+    ASSERT_EQ(pad.recognised.size(), 1U);
+    EXPECT_TRUE(Says(pad.recognised[0], kThanks));
+}
+
+TEST_F(Dictating, LoadedButNotActiveItWritesNothing) {
+    const Listening pad(*room.engine, time_file.Path());
+    pad.grammar->DictationLoad("", SLOStatic);
+    room.HearToTheEnd(testing::Joined(Say(kThanks, "rms"), Say("what time is it", "rms")));
+    std::string told;
+    for (const auto& result : pad.recognised)
+        if (result->PhraseInfo()->Rule()->Confidence() == SECHighConfidence) told += Told(result);
+    EXPECT_EQ(told, "the time: what time is it");
+}
+
+TEST_F(Dictating, EndsWithItsContext) {
+    auto pad = std::make_unique<Listening>(*room.engine, time_file.Path());
+    StartDictation(*pad->grammar);
+    room.microphone.Hear(Say(kThanks, "rms"));
+    room.microphone.WaitUntilRead();
+    pad->context.reset();
+    const Listening commands(*room.engine, time_file.Path());
+    room.HearToTheEnd(Say("what time is it", "rms"));
+    EXPECT_TRUE(pad->recognised.empty());
+    ASSERT_FALSE(commands.recognised.empty());
+    EXPECT_EQ(Told(commands.recognised.back()), "the time: what time is it");
+}
+
+TEST_F(Dictating, EngineMayEndWhileTextIsWritten) {
+    const Listening pad(*room.engine, time_file.Path());
+    StartDictation(*pad.grammar);
+    room.microphone.Hear(Say(kThanks, "rms"));
+    room.microphone.WaitUntilRead();
+    room.engine.reset();
+    pad.grammar->DictationSetState(SGDSInactive);
+    pad.grammar->DictationUnload();
+    pad.grammar->DictationLoad("", SLOStatic);
+}
+
+TEST_F(Dictating, ModelThatIsNoneLeavesTheCommandsAlone) {
+    const TemporaryFile rubbish("this is no language model");
+    SpeechEngineConfig config;
+    config.language_model = rubbish.Path();
+    room.engine = std::make_unique<SpeechEngine>(
+        config, [this](std::function<void()> message) { room.messages.Post(std::move(message)); },
+        room.microphone.Source());
+    const Listening clock(*room.engine, time_file.Path());
+    clock.grammar->DictationLoad("", SLOStatic);
+    clock.grammar->DictationSetState(SGDSActive);
+    room.HearToTheEnd(testing::Joined(Say(kThanks, "rms"), Say("what time is it", "rms")));
+    ASSERT_EQ(clock.recognised.size(), 1U);
+    EXPECT_EQ(Told(clock.recognised[0]), "the time: what time is it");
+}
+
+TEST_F(Dictating, UnloadedItGivesItsMemoryBack) {
+    if (!testing::kMemoryCounts) GTEST_SKIP() << "a sanitizer keeps what was freed";
+    constexpr long kMegabyte = 1024;
+    const Listening pad(*room.engine, time_file.Path());
+    const long before = testing::ResidentKilobytes();
+    StartDictation(*pad.grammar);
+    room.microphone.Hear(Say(kThanks, "rms"));
+    while (pad.recognised.empty()) {
+        ASSERT_TRUE(room.messages.WaitForOne());
+        room.messages.Run();
+    }
+    const long dictating = testing::ResidentKilobytes();
+    EXPECT_GT(dictating, before + 50 * kMegabyte);
+    EXPECT_LT(dictating, 350 * kMegabyte);
+    pad.grammar->DictationUnload();
+    const long enough = before + 25 * kMegabyte;
+    for (int i = 0; i < 400 && testing::ResidentKilobytes() > enough; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_LE(testing::ResidentKilobytes(), enough);
+}
+
+class DictationCalls : public ::testing::Test {
+protected:
+    Room room;
+    std::shared_ptr<ISpeechRecoContext> context = room.engine->CreateSpSharedRecoContext();
+    std::shared_ptr<ISpeechRecoGrammar> grammar = context->CreateGrammar(0);
+};
+
+TEST_F(DictationCalls, OutOfOrderRaise) {
+    EXPECT_EQ(ErrorOf([&] { grammar->DictationSetState(SGDSActive); }), kAutomationError);
+    EXPECT_EQ(ErrorOf([&] { grammar->DictationUnload(); }), kAutomationError);
+    grammar->DictationLoad("", SLOStatic);
+    grammar->DictationLoad("", SLOStatic);
+    grammar->DictationSetState(SGDSActive);
+    grammar->DictationUnload();
+    EXPECT_EQ(ErrorOf([&] { grammar->DictationSetState(SGDSActive); }), kAutomationError);
+    EXPECT_EQ(ErrorOf([&] { grammar->DictationUnload(); }), kAutomationError);
+}
+
+TEST_F(DictationCalls, OnlyTheGeneralTopicAndKnownStatesAreTaken) {
+    EXPECT_EQ(ErrorOf([&] { grammar->DictationLoad("spelling", SLOStatic); }), kAutomationError);
+    grammar->DictationLoad("", SLOStatic);
+    EXPECT_EQ(ErrorOf([&] { grammar->DictationSetState(2); }), kInvalidProcedureCall);
+}
+
+TEST_F(DictationCalls, WithoutItsModelTheLoadRaises) {
+    SpeechEngineConfig config;
+    config.language_model = "/nowhere.lm.bin";
+    SpeechEngine engine(
+        config, [](const std::function<void()>&) {}, room.microphone.Source());
+    const auto other = engine.CreateSpSharedRecoContext()->CreateGrammar(0);
+    EXPECT_EQ(ErrorOf([&] { other->DictationLoad("", SLOStatic); }), kAutomationError);
+    EXPECT_EQ(ErrorOf([&] { other->DictationSetState(SGDSActive); }), kAutomationError);
+}
+
+TEST_F(DictationCalls, RecognizerOffersNoDialogs) {
+    EXPECT_EQ(ErrorOf([&] { context->Recognizer()->DisplayUI(0, "Title", "UserTraining", ""); }),
+              kAutomationError);
+}
+
+}  // namespace
+}  // namespace corvane::engine
