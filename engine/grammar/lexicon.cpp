@@ -22,7 +22,8 @@ std::set<std::string> WordsOf(const Grammar& grammar) {
     std::set<std::string> words;
     for (const GrammarRule& rule : grammar.rules)
         for (const GrammarElement& element : rule.elements)
-            for (const Phrase& phrase : element.choices) words.insert(phrase.begin(), phrase.end());
+            for (const Phrase& phrase : element.choices)
+                if (phrase.size() <= kLongestPhrase) words.insert(phrase.begin(), phrase.end());
     return words;
 }
 

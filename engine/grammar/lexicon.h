@@ -16,7 +16,7 @@ class Lexicon {
 public:
     explicit Lexicon(Dictionary dictionary);
 
-    /// Makes every word of the grammar known.
+    /// Makes the words of the grammar known, but for those of phrases longer than kLongestPhrase.
     void Learn(const Grammar& grammar);
 
     /// Ways to say a word that was learnt, each a line of phones; empty when it has no sound.
