@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -10,6 +11,13 @@ namespace corvane::engine {
 
 /// Words of a phrase in the grammar's own spelling; never empty.
 using Phrase = std::vector<std::string>;
+
+/// In words: what is longer can't be said before an utterance is cut after 12 s, so that a rule
+/// with such a phrase is never heard.
+inline constexpr std::size_t kLongestPhrase = 120;
+
+/// In bytes; a longer word has no sound.
+inline constexpr std::size_t kLongestWord = 100;
 
 /// One place in a rule: exactly one of its phrases is spoken, or none if it is optional.
 struct GrammarElement {

@@ -2,18 +2,22 @@
 #include "engine/grammar/grammar_loader.h"
 
 #include <expat.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
-#include <algorithm>
+#include <array>
+#include <cerrno>
 #include <charconv>
-#include <filesystem>
-#include <fstream>
 #include <iterator>
-#include <limits>
 #include <memory>
 #include <optional>
+#include <span>
 #include <sstream>
+#include <unordered_set>
 #include <utility>
 
+#include "engine/grammar/word_graph.h"
 #include "platform/error.h"
 
 namespace corvane::engine {
@@ -42,12 +46,13 @@ std::optional<std::int32_t> WholeNumber(std::string_view text, int base) {
 class GrammarReader {
 public:
     Grammar Read(std::string_view xml) {
-        if (xml.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+        if (xml.size() > GrammarLimits::kBytes)
             Refuse("too large");
         else if (XML_Parse(parser_.get(), xml.data(), static_cast<int>(xml.size()), XML_TRUE) !=
                      XML_STATUS_OK &&
                  reason_.empty())
             reason_ = XML_ErrorString(XML_GetErrorCode(parser_.get()));
+        if (reason_.empty()) Weigh();
         if (!reason_.empty())
             throw RuntimeError(kAutomationError,
                                "The grammar is refused at line " +
@@ -68,6 +73,10 @@ public:
             parser_.get(), [](void* self, const XML_Char* text, int length) {
                 static_cast<GrammarReader*>(self)->Text({text, static_cast<std::size_t>(length)});
             });
+        XML_SetProcessingInstructionHandler(
+            parser_.get(), [](void* self, const XML_Char*, const XML_Char*) {
+                static_cast<GrammarReader*>(self)->Refuse("a processing instruction");
+            });
         // Without a document type there are no entities of the file's own to expand.
         XML_SetStartDoctypeDeclHandler(
             parser_.get(), [](void* self, const XML_Char*, const XML_Char*, const XML_Char*, int) {
@@ -82,6 +91,13 @@ private:
         if (!reason_.empty()) return;
         reason_ = std::move(reason);
         XML_StopParser(parser_.get(), XML_FALSE);
+    }
+
+    // What few lines can hold, a graph may not.
+    void Weigh() {
+        const GraphSize size = SizeOfGraph(grammar_);
+        if (size.states > GrammarLimits::kStates || size.arcs > GrammarLimits::kArcs)
+            reason_ = "too many ways to speak";
     }
 
     void Open(std::string_view name, const XML_Char** attributes) {
@@ -141,16 +157,17 @@ private:
         }
         if (IsBlank(rule.name)) return Refuse("a rule without a name");
         if (!top_level_given) return Refuse("a rule that is not top level");
-        for (const GrammarRule& other : grammar_.rules) {
-            if (other.name == rule.name) return Refuse("a second rule " + rule.name);
-            if (rule.id != 0 && other.id == rule.id) return Refuse("a second rule of one ID");
-        }
+        if (!names_.insert(rule.name).second) return Refuse("a second rule " + rule.name);
+        if (rule.id != 0 && !ids_.insert(rule.id).second) return Refuse("a second rule of one ID");
+        if (names_.size() > GrammarLimits::kRules) return Refuse("too many rules");
         grammar_.rules.push_back(std::move(rule));
         place_ = Place::rule;
     }
 
     void OpenElement(bool optional, const XML_Char** attributes) {
         if (*attributes != nullptr) return Refuse("an attribute on a phrase");
+        if (grammar_.rules.back().elements.size() == GrammarLimits::kElements)
+            return Refuse("too many phrases in a rule");
         grammar_.rules.back().elements.push_back({.optional = optional, .choices = {}});
         text_.clear();
         list_closed_ = false;
@@ -214,6 +231,8 @@ private:
     void AddPhrase() {
         Phrase words = WordsOf(text_);
         if (words.empty()) return Refuse("an empty phrase");
+        if (words.size() <= kLongestPhrase) words_ += words.size();
+        if (words_ > GrammarLimits::kWords) return Refuse("too many words");
         Element().choices.push_back(std::move(words));
     }
 
@@ -227,8 +246,60 @@ private:
     bool list_closed_ = false;
     std::string text_;
     std::string reason_;
+    std::unordered_set<std::string> names_;
+    std::unordered_set<std::int32_t> ids_;
+    std::size_t words_ = 0;  ///< of phrases that can be said
     Grammar grammar_;
 };
+
+class OpenFile {
+public:
+    // Not blocking: to open a pipe would wait for somebody who writes.
+    explicit OpenFile(const std::string& path)
+        : file_(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
+    ~OpenFile() {
+        if (file_ >= 0) close(file_);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    [[nodiscard]] bool IsOpen() const { return file_ >= 0; }
+
+    [[nodiscard]] bool IsRegular() const {
+        struct stat status {};
+        return fstat(file_, &status) == 0 && S_ISREG(status.st_mode);
+    }
+
+    /// How many bytes came, 0 at the end, less than 0 on failure.
+    [[nodiscard]] ssize_t Read(std::span<char> block) const {
+        ssize_t count = 0;
+        do count = read(file_, block.data(), block.size());
+        while (count < 0 && errno == EINTR);
+        return count;
+    }
+
+private:
+    int file_;
+};
+
+/// The file, or one byte more of it than a grammar may have.
+std::string ReadGrammarFile(const std::string& path) {
+    const OpenFile file(path);
+    const bool denied = !file.IsOpen() && errno != ENOENT && errno != ENOTDIR;
+    if (denied) throw RuntimeError(kDeviceIOError, "The grammar file can't be opened: " + path);
+    if (!file.IsOpen() || !file.IsRegular())
+        throw RuntimeError(kFileNotFound, "There is no grammar file " + path);
+    std::string content;
+    std::array<char, 1 << 16> block{};
+    while (content.size() <= GrammarLimits::kBytes) {
+        const ssize_t count = file.Read(block);
+        if (count < 0)
+            throw RuntimeError(kDeviceIOError, "The grammar file can't be read: " + path);
+        if (count == 0) break;
+        content.append(block.data(), static_cast<std::size_t>(count));
+    }
+    return content;
+}
 
 }  // namespace
 
@@ -237,14 +308,7 @@ Grammar ParseGrammar(std::string_view xml) {
 }
 
 Grammar LoadGrammar(const std::string& path) {
-    if (!std::filesystem::is_regular_file(path))
-        throw RuntimeError(kFileNotFound, "There is no grammar file " + path);
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream content;
-    content << file.rdbuf();
-    if (!file || !content)
-        throw RuntimeError(kDeviceIOError, "The grammar file can't be read: " + path);
-    return ParseGrammar(content.view());
+    return ParseGrammar(ReadGrammarFile(path));
 }
 
 }  // namespace corvane::engine

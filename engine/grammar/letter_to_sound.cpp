@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "engine/espeak_library.h"
+#include "engine/grammar/grammar.h"
 
 namespace corvane::engine {
 namespace {
@@ -71,6 +72,7 @@ std::string PhonesOfPhonemes(std::string_view phonemes) {
 }
 
 std::string LetterToSound(const std::string& word) {
+    if (word.size() > kLongestWord) return {};
     // A word of signs only would be read out by the signs' names.
     const bool has_letter = std::ranges::any_of(
         word, [](unsigned char c) { return std::isalnum(c) != 0 || c >= 0x80; });

@@ -8,8 +8,7 @@ namespace corvane::engine {
 
 /// How a word that stands in no dictionary is said, by eSpeak NG's rules for US English: phones of
 /// the acoustic model parted by blanks, such as "K AO R V EY N" for "corvane". Empty when it has no
-/// sound
-/// ("--") or one the model lacks.
+/// sound ("--"), one the model lacks, or is longer than kLongestWord.
 [[nodiscard]] std::string LetterToSound(const std::string& word);
 
 /// The translation alone: eSpeak NG phoneme names parted by "_" or blanks, stress marks allowed, to

@@ -76,12 +76,13 @@ void Decoder::Load() {
     cmd_ln_free_r(configuration);
 }
 
-// The decoder knows words by numbers, "spelling@rule", so that no spelling can clash with the
-// notation of its dictionary, and one spelling stays apart in two rules.
-std::string Decoder::Teach(const WordGraph::Word& word) {
+// The decoder knows words by numbers, "spelling@use", so that no spelling can clash with the
+// notation of its dictionary, and one spelling stays apart in two rules. A graph that differs a
+// little from the last one has little to teach.
+std::string Decoder::Teach(const WordGraph::Word& word, int use) {
     const int number =
         spellings_.try_emplace(word.spelling, static_cast<int>(spellings_.size())).first->second;
-    std::string name = std::to_string(number) + "@" + std::to_string(word.rule);
+    std::string name = std::to_string(number) + "@" + std::to_string(use);
     if (!taught_.insert(name).second) return name;
     int way = 1;
     for (const std::string& phones : word.pronunciations) {
@@ -108,10 +109,13 @@ void Decoder::Search() {
         fsg_model_free);
     fsg->start_state = WordGraph::kStart;
     fsg->final_state = WordGraph::kFinal;
-    std::vector<int> ids;
+    std::vector<int> ids(graph_.words.size());
+    std::map<std::string, int> uses;
     for (std::size_t i = 0; i < graph_.words.size(); ++i) {
-        const std::string name = Teach(graph_.words[i]);
-        ids.push_back(fsg_model_word_add(fsg.get(), name.c_str()));
+        const WordGraph::Word& word = graph_.words[i];
+        if (word.pronunciations.empty()) continue;
+        const std::string name = Teach(word, uses[word.spelling]++);
+        ids[i] = fsg_model_word_add(fsg.get(), name.c_str());
         graph_words_.emplace(name, static_cast<int>(i));
     }
     for (const WordGraph::Arc& arc : graph_.arcs) {
@@ -199,7 +203,18 @@ Path Decoder::CurrentPath() {
         }
         path.segments.push_back(std::move(piece));
     }
+    AttributeToRule(path);
     return path;
+}
+
+void Decoder::AttributeToRule(Path& path) const {
+    std::vector<int> words;
+    for (const PathSegment& segment : path)
+        if (segment.word != PathSegment::kFiller) words.push_back(segment.word);
+    graph_.Attribute(words);
+    auto word = words.begin();
+    for (PathSegment& segment : path.segments)
+        if (segment.word != PathSegment::kFiller) segment.word = *word++;
 }
 
 }  // namespace corvane::engine

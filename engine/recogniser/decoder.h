@@ -76,7 +76,8 @@ private:
     void Load();
     [[nodiscard]] bool StartUtterance(std::size_t frames);
     [[nodiscard]] Path CurrentPath();
-    [[nodiscard]] std::string Teach(const WordGraph::Word& word);
+    void AttributeToRule(Path& path) const;
+    [[nodiscard]] std::string Teach(const WordGraph::Word& word, int use);
     void Search();
 
     struct FreeDecoder {

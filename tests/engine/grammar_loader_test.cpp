@@ -2,6 +2,9 @@
 #include "engine/grammar/grammar_loader.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
 
 #include "platform/error.h"
 #include "support/temporary_file.h"
@@ -39,6 +42,25 @@ TEST(GrammarLoader, ReadsIdsAndInactiveRules) {
 TEST(GrammarLoader, MarkupCharactersMayStandAsReferences) {
     EXPECT_EQ(ParseGrammar(InRule("<P>at&amp;t</P>")).rules[0].elements[0].choices[0],
               Phrase{"at&t"});
+}
+
+TEST(GrammarLoader, CommentsAndAnXmlDeclarationMayStandBesideTheRules) {
+    const Grammar grammar = ParseGrammar("\xEF\xBB\xBF<?xml version=\"1.0\"?>\n<!-- mine -->" +
+                                         InRule("<!-- a --><P>note<!-- b -->pad</P>") + "\n\n");
+    EXPECT_EQ(grammar.rules[0].elements[0].choices[0], Phrase{"notepad"});
+}
+
+TEST(GrammarLoader, LettersOfAllScriptsAreReadAsTheyStand) {
+    EXPECT_EQ(ParseGrammar(InRule("<P>Übersicht 日本</P>")).rules[0].elements[0].choices[0],
+              (Phrase{"Übersicht", "日本"}));
+}
+
+TEST(GrammarLoader, NamesThatDifferInCaseOrBlanksAreTwoNames) {
+    EXPECT_EQ(ParseGrammar(R"(<GRAMMAR LANGID="409"><RULE NAME="r" TOPLEVEL="ACTIVE"><P>a</P>)"
+                           R"(</RULE><RULE NAME="R" TOPLEVEL="ACTIVE"><P>a</P></RULE>)"
+                           R"(<RULE NAME="r " TOPLEVEL="ACTIVE"><P>a</P></RULE></GRAMMAR>)")
+                  .rules.size(),
+              3U);
 }
 
 class RefusedGrammar : public ::testing::TestWithParam<const char*> {};
@@ -94,6 +116,18 @@ INSTANTIATE_TEST_SUITE_P(
         R"(<GRAMMAR LANGID="409"><RULE NAME="a"b" TOPLEVEL="ACTIVE"><P>a"b</P></RULE></GRAMMAR>)",
         R"(<GRAMMAR LANGID="409"><RULE NAME="a<b" TOPLEVEL="ACTIVE"><P>a<b</P></RULE></GRAMMAR>)",
         R"(<GRAMMAR LANGID="409"><RULE NAME="a&b" TOPLEVEL="ACTIVE"><P>a&b</P></RULE></GRAMMAR>)",
+        // What a removal of a keyword that has no rule leaves, and other ruins.
+        R"(<RULE NAME="r" TOPLEVEL="ACTIVE"><P>a</P></RULE></GRAMMAR>)",
+        R"(<GRAMMAR LANGID="409"><RULE NAME="r" TOPLEVEL="ACTIVE"><P>a</P></RULE>)",
+        R"(<GRAMMAR LANGID="409"><RULE NAME="r" TOPLEVEL="ACTIVE"><P>a</P></RULE></GRAMMAR>x)",
+        R"(<GRAMMAR LANGID="409"><RULE NAME="r" TOPLEVEL="ACTIVE"><P>a</P></RULE></GRAMMAR><GRAMMAR/>)",
+        R"(<GRAMMAR LANGID=""><RULE NAME="r" TOPLEVEL="ACTIVE"><P>a</P></RULE></GRAMMAR>)",
+        R"(<GRAMMAR LANGID="409 "><RULE NAME="r" TOPLEVEL="ACTIVE"><P>a</P></RULE></GRAMMAR>)",
+        R"(<GRAMMAR LANGID="409"><RULE NAME="  " TOPLEVEL="ACTIVE"><P>a</P></RULE></GRAMMAR>)",
+        R"(<GRAMMAR LANGID="409"><RULE NAME="r" NAME="s" TOPLEVEL="ACTIVE"><P>a</P></RULE></GRAMMAR>)",
+        R"(<GRAMMAR LANGID="409"><RULE NAME="r" ID="99999999999" TOPLEVEL="ACTIVE"><P>a</P></RULE></GRAMMAR>)",
+        "<GRAMMAR LANGID=\"409\"><RULE NAME=\"r\" TOPLEVEL=\"ACTIVE\"><P>\xFF</P></RULE></GRAMMAR>",
+        R"(<GRAMMAR LANGID="409"><?run me?><RULE NAME="r" TOPLEVEL="ACTIVE"><P>a</P></RULE></GRAMMAR>)",
         // Entities could make a small file a large grammar.
         R"(<!DOCTYPE GRAMMAR [<!ENTITY e "a">]><GRAMMAR LANGID="409"><RULE NAME="r" TOPLEVEL="ACTIVE"><P>&e;</P></RULE></GRAMMAR>)",
         "<!DOCTYPE GRAMMAR SYSTEM \"other\"><GRAMMAR LANGID=\"409\"><RULE NAME=\"r\" "
@@ -105,6 +139,18 @@ TEST(GrammarLoader, MissingFileIsToldApart) {
         ADD_FAILURE() << "was found";
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.number(), kFileNotFound);
+    }
+}
+
+TEST(GrammarLoader, FileThatMayNotBeReadIsToldApart) {
+    if (geteuid() == 0) GTEST_SKIP() << "root may read every file";
+    const testing::TemporaryFile file("<GRAMMAR");
+    std::filesystem::permissions(file.Path(), std::filesystem::perms::none);
+    try {
+        (void)LoadGrammar(file.Path());
+        ADD_FAILURE() << "was read";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.number(), kDeviceIOError);
     }
 }
 
