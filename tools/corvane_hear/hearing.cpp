@@ -27,7 +27,7 @@ using engine::RecognisedPhrase;
 
 /// The stillness behind each file by which its last words find their end.
 constexpr std::size_t kStillness = engine::kSampleRate / 2;
-constexpr std::int64_t kBytesPerMillisecond = engine::kSampleRate / 1000 * 2;
+constexpr std::int64_t kBytesPerMillisecond = std::int64_t{engine::kSampleRate} / 1000 * 2;
 
 /// By SpeechInterference.
 constexpr std::array kInterferences{"None",     "Noise",   "NoSignal", "TooLoud",
