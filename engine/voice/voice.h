@@ -7,6 +7,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "engine/audio/pulse_playback.h"
 #include "engine/voice/piece.h"
@@ -32,6 +33,7 @@ public:
 
     [[nodiscard]] std::int32_t EventInterests() const override { return event_interests_; }
     void SetEventInterests(std::int32_t Mask) override { event_interests_ = Mask; }
+    void Advise(SpeechVoiceHandlers Handlers) override { handlers_ = std::move(Handlers); }
     std::int32_t Speak(const std::string& Text, std::int32_t Flags) override;
     /// Without a bound when `msTimeout` is negative.
     bool WaitUntilDone(std::int32_t msTimeout) override;
@@ -61,6 +63,7 @@ private:
     [[nodiscard]] bool WantsSound() const;
 
     std::int32_t event_interests_ = 0;
+    SpeechVoiceHandlers handlers_;
 
     std::mutex mutex_;
     std::condition_variable heard_out_;
