@@ -3,7 +3,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QString>
+#include <algorithm>
 #include <utility>
 
 #include "linux/session/x11_clipboard.h"
@@ -20,21 +20,21 @@ DesktopClipboard::DesktopClipboard(std::unique_ptr<Clipboard> clipboard)
     : clipboard_(std::move(clipboard)) {}
 
 std::string DesktopClipboard::GetText() {
-    QString text;
+    std::string text;
     switch (clipboard_->FindKeeper()) {
         case Clipboard::Keeper::Nobody:
             break;
         case Clipboard::Keeper::OurProgram:
-            text = QGuiApplication::clipboard()->text();
+            text = QGuiApplication::clipboard()->text().toStdString();
             break;
         case Clipboard::Keeper::OtherProgram:
             // Not by Qt, which knows of another program's copy only after its next message.
-            text = QString::fromStdString(clipboard_->ReadText(kPatience).value_or(std::string()));
+            text = clipboard_->ReadText(kPatience).value_or(std::string());
             break;
     }
     // Some programs hand over the zero byte behind their text.
-    if (const auto end = text.indexOf(QChar(u'\0')); end >= 0) text.truncate(end);
-    return SystemText(text);
+    text.resize(std::min(text.find('\0'), text.size()));
+    return SystemText(ControlText(text));
 }
 
 std::unique_ptr<Clipboard> MakeSessionClipboard() {
