@@ -31,9 +31,10 @@ start_and_wait "$1"
 window=$(xdotool search --onlyvisible --name "^$main_window\$")
 xdotool windowactivate --sync "$window"
 
-said=$(description_at 40 90)
+said=$(description_at 40 83)
 expect "the first entry describes \"$said\"" equal "$said" "Add Program"
-xdotool key End
-said=$(description_at 40 435)
+said=$(description_at 40 420)
 expect "the last entry describes \"$said\"" equal "$said" "Time"
+said=$(description_at 40 440)
+expect "below the entries the selected one describes \"$said\"" equal "$said" "Time"
 expect "nothing was heard by the program itself" accepted_are 0
