@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/audio/audio_source.h"
 #include "platform/speech_api.h"
@@ -12,7 +13,8 @@ namespace corvane {
 
 namespace engine {
 class Recogniser;
-}
+class Voice;
+}  // namespace engine
 
 /// Where the engine finds what it needs. The defaults name the installed packages' files.
 struct SpeechEngineConfig {
@@ -27,9 +29,9 @@ struct SpeechEngineConfig {
 /// shared by any number of contexts, and voices on the default audio output.
 ///
 /// Hands out the objects of speech_api.h; they and the engine are for one thread, the message
-/// loop's. A thread of the engine's own reads the source and hands every event to `post`, which
-/// must be callable from any thread and run the message later on the loop's. Objects may outlive
-/// the engine; they hear nothing more then.
+/// loop's. Threads of the engine's own, one that reads the source and one for each voice, hand
+/// every event to `post`, which must be callable from any thread and run the message later on the
+/// loop's. Objects may outlive the engine; they hear and tell nothing more then.
 ///
 /// Sound is first read when some context sets an event interest other than 0.
 class SpeechEngine final : public ISpeechApi {
@@ -37,7 +39,8 @@ public:
     using Post = std::function<void(std::function<void()>)>;
 
     SpeechEngine(SpeechEngineConfig config, Post post, std::unique_ptr<engine::AudioSource> source);
-    /// Stops listening: `post` is not called any more. Returns when the engine's thread has ended.
+    /// Stops listening: `post` is not called any more. Returns when the thread that reads has
+    /// ended.
     ~SpeechEngine() override;
     SpeechEngine(const SpeechEngine&) = delete;
     SpeechEngine& operator=(const SpeechEngine&) = delete;
@@ -58,6 +61,7 @@ private:
     Post post_;
     std::unique_ptr<engine::AudioSource> source_;
     std::shared_ptr<engine::Recogniser> recogniser_;
+    std::vector<std::weak_ptr<engine::Voice>> voices_;
 };
 
 }  // namespace corvane

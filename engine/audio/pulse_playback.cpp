@@ -36,11 +36,13 @@ PulsePlayback::PulsePlayback(std::string client_name, int rate)
 
 PulsePlayback::~PulsePlayback() = default;
 
-void PulsePlayback::Append(std::span<const std::int16_t> samples) {
+std::int64_t PulsePlayback::Append(std::span<const std::int16_t> samples) {
     if (!Sounding()) moved_at_ = Clock::now();
+    const std::int64_t begin = buffered_;
     unheard_.insert(unheard_.end(), samples.begin(), samples.end());
     buffered_ += std::ssize(samples);
     appended_ = buffered_;
+    return begin;
 }
 
 void PulsePlayback::Purge() {

@@ -35,7 +35,8 @@ public:
     PulsePlayback(const PulsePlayback&) = delete;
     PulsePlayback& operator=(const PulsePlayback&) = delete;
 
-    void Append(std::span<const std::int16_t> samples);
+    /// Returns the position of the first sample, which may be behind some silence.
+    std::int64_t Append(std::span<const std::int16_t> samples);
     /// Falls silent at once. What was not heard yet never was: its positions are given again.
     void Purge();
 

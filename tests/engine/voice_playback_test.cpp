@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <mutex>
 #include <span>
 #include <string>
@@ -120,7 +121,7 @@ protected:
     }
 
     Ear ear;
-    Voice voice{"test"};
+    Voice voice{"test", [](const std::function<void()>&) {}};
 };
 
 TEST_F(HeardVoice, IsHeardSoonAndIsDoneWhenItFallsSilent) {
@@ -256,7 +257,7 @@ private:
 };
 
 TEST_F(VoiceAndServer, SoundComesBackWithTheServer) {
-    Voice voice("test");
+    Voice voice("test", [](const std::function<void()>&) {});
     voice.Speak(LongText(), kFlags);
     EXPECT_FALSE(voice.WaitUntilDone(300));
     for (int coming = 0; coming < 2; ++coming) {
@@ -274,7 +275,7 @@ TEST_F(VoiceAndServer, SoundComesBackWithTheServer) {
 
 TEST_F(VoiceAndServer, ServerThatDoesNotAnswerHoldsNobodyUp) {
     server.Start();
-    Voice voice("test");
+    Voice voice("test", [](const std::function<void()>&) {});
     {
         Ear ear;
         voice.Speak(LongText(), kFlags);
