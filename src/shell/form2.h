@@ -25,9 +25,9 @@ public:
     forms::Fixture bkCProg1{*this, "bkCProg1"};
     forms::TextBox Text4{*this, "Text4"};
     forms::ProgressBar ProgressBar2{*this, "ProgressBar2"};  // voice level, 0 to 100
-    forms::CommandButton Command3{*this, "Command3"};  // Clear
-    forms::CommandButton Command2{*this, "Command2"};  // Read
-    forms::TextBox Text3{*this, "Text3"};              // the whiteboard
+    forms::CommandButton Command3{*this, "Command3"};        // Clear
+    forms::CommandButton Command2{*this, "Command2"};        // Read
+    forms::TextBox Text3{*this, "Text3"};                    // the whiteboard
     forms::Fixture Frame1{*this, "Frame1"};
     forms::PictureBox Picture1{*this, "Picture1"};
     forms::Fixture Label1{*this, "Label1"};
