@@ -20,6 +20,8 @@ SpeechEngine::SpeechEngine(SpeechEngineConfig config, Post post,
 
 SpeechEngine::~SpeechEngine() {
     if (recogniser_) recogniser_->Stop();
+    for (const auto& voice : voices_)
+        if (const auto alive = voice.lock()) alive->StopPosting();
 }
 
 std::shared_ptr<ISpeechRecoContext> SpeechEngine::CreateSpSharedRecoContext() {
@@ -33,7 +35,10 @@ std::shared_ptr<ISpeechRecoContext> SpeechEngine::CreateSpSharedRecoContext() {
 }
 
 std::shared_ptr<ISpeechVoice> SpeechEngine::CreateSpVoice() {
-    return std::make_shared<engine::Voice>(config_.client_name);
+    std::erase_if(voices_, [](const auto& voice) { return voice.expired(); });
+    auto voice = std::make_shared<engine::Voice>(config_.client_name, post_);
+    voices_.push_back(voice);
+    return voice;
 }
 
 void SpeechEngine::WaitForEndOfStream() {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/audio/audio_source.h"
 #include "platform/speech_api.h"
@@ -12,6 +13,7 @@ namespace corvane {
 
 namespace engine {
 class Recogniser;
+class Voice;
 struct RecognisedPhrase;
 }  // namespace engine
 
@@ -33,9 +35,9 @@ struct SpeechEngineConfig {
 /// sound of one source, shared by any number of contexts, and voices on the default audio output.
 ///
 /// Hands out the objects of speech_api.h; they and the engine are for one thread, the message
-/// loop's. Threads of the engine's own read the source and hand every event to `post`, which
-/// must be callable from any thread and run the message later on the loop's. Objects may outlive
-/// the engine; they hear nothing more then.
+/// loop's. Threads of the engine's own, one that reads the source and one for each voice, hand
+/// every event to `post`, which must be callable from any thread and run the message later on the
+/// loop's. Objects may outlive the engine; they hear and tell nothing more then.
 ///
 /// Sound is first read when some context sets an event interest other than 0.
 class SpeechEngine final : public ISpeechApi {
@@ -65,6 +67,7 @@ private:
     Post post_;
     std::unique_ptr<engine::AudioSource> source_;
     std::shared_ptr<engine::Recogniser> recogniser_;
+    std::vector<std::weak_ptr<engine::Voice>> voices_;
 };
 
 }  // namespace corvane

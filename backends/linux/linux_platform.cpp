@@ -6,6 +6,7 @@
 
 #include "engine/audio/pulse_capture.h"
 #include "engine/speech_engine.h"
+#include "linux/desktop_clipboard.h"
 #include "linux/display.h"
 #include "linux/files/file_system.h"
 #include "linux/linux_runtime.h"
@@ -53,6 +54,7 @@ struct LinuxPlatform::World {
     QtMessageQueue messages;
     FileSystem files;
     LinuxRuntime runtime;
+    DesktopClipboard clipboard{MakeSessionClipboard()};
     QtToolkit windows{runtime.ExecutableFolder() + "/pictures"};
     Automation automation;
     Registry registry{Registry::FileOfPerson()};
@@ -75,7 +77,8 @@ Platform LinuxPlatform::Parts() {
             .automation = world_->automation,
             .advapi32 = world_->registry,
             .shell32 = world_->tray,
-            .user32 = world_->user32};
+            .user32 = world_->user32,
+            .clipboard = world_->clipboard};
 }
 
 }  // namespace corvane

@@ -3,12 +3,13 @@
 
 #include <memory>
 
+#include "linux/locale_dates.h"
 #include "linux/session/keys.h"
 #include "platform/language_runtime.h"
 
 namespace corvane::linux_desktop {
 
-/// Keys, programs and the process itself.
+/// Keys, programs, the date and the process itself.
 class LinuxRuntime final : public ILanguageRuntime {
 public:
     explicit LinuxRuntime(std::unique_ptr<Keys> keys);
@@ -17,6 +18,8 @@ public:
     void Shell(const std::string& path, ShellWindowStyle style) override;
     [[nodiscard]] std::string ExecutableFolder() const override;
     [[nodiscard]] char PathSeparator() const override { return '/'; }
+    [[nodiscard]] DateTime Now() const override { return LocalNow(); }
+    [[nodiscard]] DateNames LocaleDateNames() const override { return NamesOfLocale(); }
     void MsgBox(const std::string& prompt, MsgBoxStyle style, const std::string& title) override;
     void ShowErrorReport(std::int32_t number, const std::string& text) override;
     [[noreturn]] void End() override;

@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "simulated/cell_windows.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -65,6 +66,11 @@ public:
     void SetPicture(const std::string& name) override { window_->pictures[name_] = name; }
 };
 
+class CellList final : public CellControl<IListPeer> {
+public:
+    using CellControl::CellControl;
+};
+
 class CellButton final : public CellControl<IButtonPeer> {
 public:
     using CellControl::CellControl;
@@ -106,6 +112,13 @@ public:
                                            ButtonPeerEvents events) override {
         window_->buttons[std::string(control.name)] = {true, std::move(events)};
         return Place<CellButton>(control);
+    }
+
+    std::unique_ptr<IListPeer> AddList(const ControlDescription& control,
+                                       const std::vector<std::string>& items,
+                                       ListPeerEvents events) override {
+        window_->lists[std::string(control.name)] = {items, -1, std::move(events)};
+        return Place<CellList>(control);
     }
 
     void AddMenu(const MenuDescription& menu, std::function<void()> Click) override {
@@ -175,11 +188,30 @@ const ShownWindow& CellWindows::Window(const std::string& window) const {
 
 void CellWindows::Type(const std::string& window, const std::string& control,
                        const std::string& text) {
+    Retype(window, control, windows_.at(window)->texts.at(control).text + text);
+}
+
+void CellWindows::Retype(const std::string& window, const std::string& control,
+                         const std::string& text) {
     ShownText& shown = windows_.at(window)->texts.at(control);
-    shown.text += text;
+    shown.text = text;
     shown.start = Len(shown.text).rep();
     shown.length = 0;
     shown.events.Edited(shown.text, shown.start, shown.length);
+}
+
+void CellWindows::DoubleClick(const std::string& window, const std::string& list,
+                              const std::string& item) {
+    ShownList& shown = windows_.at(window)->lists.at(list);
+    const auto found = std::ranges::find(shown.items, item);
+    if (found == shown.items.end()) throw std::logic_error("no item " + item + " in " + list);
+    shown.selected = static_cast<std::int32_t>(found - shown.items.begin());
+    shown.events.Selected(shown.selected);
+    shown.events.DblClick();
+}
+
+void CellWindows::DoubleClickBelow(const std::string& window, const std::string& list) {
+    windows_.at(window)->lists.at(list).events.DblClick();
 }
 
 void CellWindows::Click(const std::string& window, const std::string& button) {

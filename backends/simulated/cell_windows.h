@@ -21,6 +21,12 @@ struct ShownText {
     TextPeerEvents events;
 };
 
+struct ShownList {
+    std::vector<std::string> items;
+    std::int32_t selected = -1;
+    ListPeerEvents events;
+};
+
 struct ShownButton {
     bool visible = true;
     ButtonPeerEvents events;
@@ -40,6 +46,7 @@ struct ShownWindow {
     std::vector<ControlDescription> controls;  // in order of creation
     std::vector<MenuDescription> menus;
     ByName<ShownText> texts;
+    ByName<ShownList> lists;
     ByName<ShownButton> buttons;
     ByName<std::int32_t> ranges;
     ByName<std::string> captions;
@@ -63,6 +70,12 @@ public:
 
     /// A person puts the caret at the end of a text control and types.
     void Type(const std::string& window, const std::string& control, const std::string& text);
+    /// A person changes the text of a text control to another one; the caret stands behind it.
+    void Retype(const std::string& window, const std::string& control, const std::string& text);
+    /// A person double-clicks an item of a list, which selects it.
+    void DoubleClick(const std::string& window, const std::string& list, const std::string& item);
+    /// A person double-clicks below the items of a list, which selects nothing else.
+    void DoubleClickBelow(const std::string& window, const std::string& list);
     void Click(const std::string& window, const std::string& button);
     /// A person gives a button the focus and strikes a key of that code.
     void StrikeOn(const std::string& window, const std::string& button, std::int16_t code);

@@ -9,6 +9,7 @@
 #include "simulated/cell_windows.h"
 #include "simulated/memory_files.h"
 #include "simulated/memory_registry.h"
+#include "simulated/simulated_clipboard.h"
 #include "simulated/simulated_runtime.h"
 #include "simulated/simulated_shell.h"
 #include "simulated/simulated_speech.h"
@@ -23,7 +24,8 @@ public:
     CallRecord record{[this] { return queue.Now(); }};
     MemoryFiles files{record};
     CellWindows windows{record, queue};
-    SimulatedRuntime runtime{record};
+    SimulatedRuntime runtime{record, [this] { return queue.Now(); }};
+    SimulatedClipboard clipboard{record};
     SimulatedSpeech speech{record, files, queue};
     SimulatedAutomation automation{record};
     MemoryRegistry registry{record};

@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <set>
 #include <string>
@@ -14,16 +15,19 @@ namespace corvane::simulated {
 /// The end of the simulated process. It is no failure and nothing in the system catches it.
 struct ProcessEnded {};
 
-/// Keys, programs and the process itself. Operations that can be told to fail: SendKeys, Shell,
-/// ExecutableFolder.
+/// Keys, programs, the date and the process itself. Operations that can be told to fail: SendKeys,
+/// Shell, ExecutableFolder, Now.
 class SimulatedRuntime final : public ILanguageRuntime {
 public:
-    explicit SimulatedRuntime(CallRecord& record);
+    /// `elapsed` tells the virtual time.
+    SimulatedRuntime(CallRecord& record, std::function<std::chrono::milliseconds()> elapsed);
 
     void SendKeys(const std::string& keys, bool wait) override;
     void Shell(const std::string& path, ShellWindowStyle style) override;
     std::string ExecutableFolder() const override;
     char PathSeparator() const override { return '/'; }
+    DateTime Now() const override;
+    DateNames LocaleDateNames() const override { return date_names_; }
     void MsgBox(const std::string& prompt, MsgBoxStyle style, const std::string& title) override;
     void ShowErrorReport(std::int32_t number, const std::string& text) override;
     [[noreturn]] void End() override;
@@ -31,6 +35,13 @@ public:
     /// What a person does when a message box stands there; just presses OK at first.
     std::function<void()> OnMsgBox = [] {};
 
+    /// What else happens in the desktop's programs when keys reach them.
+    std::function<void(const std::string& keys)> OnSendKeys = [](const std::string&) {};
+
+    /// What the clock shows when the virtual time is 0: Tuesday, 20 November 2001, 15:05 at first.
+    void SetClock(std::chrono::sys_seconds clock) { clock_ = clock; }
+    /// American at first.
+    void SetDateNames(DateNames names) { date_names_ = std::move(names); }
     /// Where the program is installed; "/opt/corvane" at first.
     void SetExecutableFolder(std::string folder) { folder_ = std::move(folder); }
     /// Makes a command line startable.
@@ -41,6 +52,9 @@ public:
 
 private:
     CallRecord& record_;
+    std::function<std::chrono::milliseconds()> elapsed_;
+    std::chrono::sys_seconds clock_;
+    DateNames date_names_;
     std::string folder_ = "/opt/corvane";
     std::set<std::string> installed_;
     std::vector<std::string> started_;

@@ -36,11 +36,13 @@ PulsePlayback::PulsePlayback(std::string client_name, int rate)
 
 PulsePlayback::~PulsePlayback() = default;
 
-void PulsePlayback::Append(std::span<const std::int16_t> samples) {
+std::int64_t PulsePlayback::Append(std::span<const std::int16_t> samples) {
     if (!Sounding()) moved_at_ = Clock::now();
+    const std::int64_t begin = buffered_;
     unheard_.insert(unheard_.end(), samples.begin(), samples.end());
     buffered_ += std::ssize(samples);
     appended_ = buffered_;
+    return begin;
 }
 
 void PulsePlayback::Purge() {
@@ -93,18 +95,31 @@ void PulsePlayback::Play(Clock::time_point now, bool complete) {
     }
     const std::int64_t count = std::min(room, buffered_ - written_);
     if (count > 0) {
+        if (session_->Resting()) {
+            started_ = written_;
+            started_at_ = now;
+        }
         const auto from = unheard_.begin() + static_cast<std::ptrdiff_t>(written_ - heard_);
         session_->Write(std::vector<std::int16_t>(from, from + static_cast<std::ptrdiff_t>(count)));
         written_ += count;
     }
     if (const auto latency = session_->Latency()) {
-        const std::int64_t heard = std::clamp(written_ - *latency, heard_, written_);
+        const std::int64_t heard =
+            std::clamp(std::min(written_ - *latency, HeardAtMost(now)), heard_, written_);
         if (heard > heard_) MoveOn(heard, now);
     }
     if (now - moved_at_ > kStallBound) {
         session_->Rest();
         given_up_ = true;
     }
+}
+
+std::int64_t PulsePlayback::HeardAtMost(Clock::time_point now) const {
+    // Just after its start the server's clock may run ahead by a tenth of a second. A sound card
+    // may really be a little faster than the system's clock.
+    constexpr double kFastest = 1.002;
+    const std::chrono::duration<double> passed = now - started_at_;
+    return started_ + static_cast<std::int64_t>(passed.count() * rate_ * kFastest) + 1;
 }
 
 void PulsePlayback::PassUnheard(Clock::time_point now) {

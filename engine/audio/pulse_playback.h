@@ -35,7 +35,8 @@ public:
     PulsePlayback(const PulsePlayback&) = delete;
     PulsePlayback& operator=(const PulsePlayback&) = delete;
 
-    void Append(std::span<const std::int16_t> samples);
+    /// Returns the position of the first sample, which may be behind some silence.
+    std::int64_t Append(std::span<const std::int16_t> samples);
     /// Falls silent at once. What was not heard yet never was: its positions are given again.
     void Purge();
 
@@ -56,6 +57,8 @@ private:
 
     [[nodiscard]] bool Sounding() const { return heard_ < appended_; }
     void Connect(Clock::time_point now);
+    /// The most that can have been heard since the stream was started.
+    [[nodiscard]] std::int64_t HeardAtMost(Clock::time_point now) const;
     /// complete: nothing follows soon on what was appended.
     void Play(Clock::time_point now, bool complete);
     void PassUnheard(Clock::time_point now);
@@ -70,6 +73,8 @@ private:
     std::int64_t buffered_ = 0;  ///< with the silence that follows what was appended
     std::int64_t appended_ = 0;
     std::deque<std::int16_t> unheard_;  ///< from heard_ to buffered_
+    std::int64_t started_ = 0;          ///< where the stream was last started
+    Clock::time_point started_at_;
     Clock::time_point connected_at_;
     Clock::time_point moved_at_;  ///< when heard_ last grew, or sound began to wait
     bool given_up_ = false;

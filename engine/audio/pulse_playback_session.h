@@ -31,6 +31,7 @@ public:
 
     /// How many samples the server takes now.
     [[nodiscard]] std::size_t Room() const;
+    [[nodiscard]] bool Resting() const { return resting_; }
     /// Starts the stream if it rests.
     void Write(std::span<const std::int16_t> samples);
     /// Samples that were written and are not heard yet; nothing while that is not known. Does not

@@ -38,6 +38,10 @@ std::uint32_t ShortNumber(std::string_view content, std::size_t offset, std::siz
     return static_cast<std::uint32_t>(Number(content, offset, bytes));
 }
 
+void AppendNumber(std::string& content, std::uint32_t number, std::size_t bytes) {
+    for (std::size_t i = 0; i < bytes; ++i) content += static_cast<char>(number >> (8 * i) & 0xFFU);
+}
+
 [[noreturn]] void Refuse(const std::string& reason) {
     throw RuntimeError(kAutomationError, "Not a usable WAV file: " + reason);
 }
@@ -130,6 +134,32 @@ std::vector<std::int16_t> ReadWavFile(const std::string& path) {
     std::ostringstream content;
     content << file.rdbuf();
     return ParseWav(content.view());
+}
+
+void WriteWavFile(const std::string& path, std::span<const std::int16_t> samples, int rate) {
+    constexpr std::uint32_t kSampleBytes = 2;
+    constexpr std::uint32_t kHeadBytes = 36;
+    if (samples.size() > (0xFFFFFFFFU - kHeadBytes) / kSampleBytes)
+        throw RuntimeError(kAutomationError, "Too much sound for a WAV file");
+    const auto data_bytes = static_cast<std::uint32_t>(samples.size()) * kSampleBytes;
+    const auto samples_a_second = static_cast<std::uint32_t>(rate);
+    std::string content = "RIFF";
+    AppendNumber(content, kHeadBytes + data_bytes, 4);
+    content += "WAVEfmt ";
+    AppendNumber(content, 16, 4);
+    AppendNumber(content, kPcm, 2);
+    AppendNumber(content, 1, 2);
+    AppendNumber(content, samples_a_second, 4);
+    AppendNumber(content, samples_a_second * kSampleBytes, 4);
+    AppendNumber(content, kSampleBytes, 2);
+    AppendNumber(content, 8 * kSampleBytes, 2);
+    content += "data";
+    AppendNumber(content, data_bytes, 4);
+    for (const std::int16_t sample : samples)
+        AppendNumber(content, static_cast<std::uint16_t>(sample), kSampleBytes);
+    std::ofstream file(path, std::ios::binary);
+    if (!(file << content << std::flush))
+        throw RuntimeError(kPermissionDenied, "Cannot write the sound file " + path);
 }
 
 }  // namespace corvane::engine

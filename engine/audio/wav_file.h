@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,5 +21,11 @@ namespace corvane::engine {
 
 /// As ReadWavFile, of a file's content.
 [[nodiscard]] std::vector<std::int16_t> ParseWav(std::string_view content);
+
+/// Writes samples of one channel as a 16-bit PCM file, in place of any that is there.
+///
+/// Raises kPermissionDenied when it can't be written, kAutomationError when it would be longer than
+/// such a file can be (about 4 GB).
+void WriteWavFile(const std::string& path, std::span<const std::int16_t> samples, int rate);
 
 }  // namespace corvane::engine

@@ -1,8 +1,6 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/voice/piece.h"
 
-#include <algorithm>
-#include <array>
 #include <string_view>
 #include <utility>
 
@@ -10,56 +8,6 @@
 
 namespace corvane::engine {
 namespace {
-
-// Speed in words a minute, pitch of 0 to 99, amplitude in percent.
-constexpr std::string_view kEmphasis =
-    "\x01"
-    "149S"
-    "\x01"
-    "61P"
-    "\x01"
-    "120A";
-constexpr std::string_view kNoEmphasis =
-    "\x01"
-    "175S"
-    "\x01"
-    "50P"
-    "\x01"
-    "100A";
-
-constexpr std::array kSignNames =
-    std::to_array<std::pair<char, std::string_view>>({{'!', "exclamation mark"},
-                                                      {'"', "quote"},
-                                                      {'#', "hash"},
-                                                      {'$', "dollar"},
-                                                      {'%', "percent"},
-                                                      {'&', "ampersand"},
-                                                      {'\'', "apostrophe"},
-                                                      {'(', "left paren"},
-                                                      {')', "right paren"},
-                                                      {'*', "star"},
-                                                      {'+', "plus"},
-                                                      {',', "comma"},
-                                                      {'-', "dash"},
-                                                      {'.', "dot"},
-                                                      {'/', "slash"},
-                                                      {':', "colon"},
-                                                      {';', "semicolon"},
-                                                      {'<', "less than"},
-                                                      {'=', "equals"},
-                                                      {'>', "greater than"},
-                                                      {'?', "question mark"},
-                                                      {'@', "at"},
-                                                      {'[', "left bracket"},
-                                                      {'\\', "backslash"},
-                                                      {']', "right bracket"},
-                                                      {'^', "caret"},
-                                                      {'_', "underscore"},
-                                                      {'`', "back quote"},
-                                                      {'{', "left brace"},
-                                                      {'|', "bar"},
-                                                      {'}', "right brace"},
-                                                      {'~', "tilde"}});
 
 bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
@@ -82,15 +30,26 @@ Cut FindCut(std::string_view text, std::size_t room) {
     return {.length = word_end, .ends_sentence = false};
 }
 
+/// The last place before `room` where a character ends.
+std::size_t CharacterEnd(std::string_view text, std::size_t room) {
+    std::size_t end = 0;
+    while (end + CharacterBytes(text.substr(end)) <= room) end += CharacterBytes(text.substr(end));
+    return end;
+}
+
 class Cutter {
 public:
     std::deque<Piece> Cut(const std::vector<Span>& spans) {
         for (const Span& span : spans) {
-            if (span.text.empty()) {
+            if (span.kind == Span::Kind::silence) {
                 Close(false);
                 pieces_.push_back({.spans = {}, .silence = span.silence, .ends_sentence = false});
-            } else {
+            } else if (span.kind == Span::Kind::text) {
                 Add(span);
+            } else {
+                const bool is_said = span.kind == Span::Kind::phonemes;
+                if (is_said && span.text.size() + length_ > kLongestPiece) Close(false);
+                Take(span);
             }
         }
         Close(false);
@@ -98,30 +57,40 @@ public:
     }
 
 private:
-    void Add(Span span) {
-        while (span.text.size() > kLongestPiece - length_) {
-            auto [cut, ends_sentence] = FindCut(span.text, kLongestPiece - length_);
+    void Add(const Span& span) {
+        std::string_view rest = span.text;
+        std::size_t position = span.position;
+        while (rest.size() + length_ > kLongestPiece) {
+            auto [cut, ends_sentence] = FindCut(rest, kLongestPiece - length_);
             if (cut == 0 && length_ > 0) {
                 Close(false);
                 continue;
             }
-            if (cut == 0) {
-                cut = kLongestPiece;
-                while (cut > 1 && ContinuesCharacter(span.text[cut])) --cut;
-            }
-            Span rest = span;
-            rest.text.erase(0, cut);
-            span.text.resize(cut);
-            rest.position += CharacterCount(span.text);
-            Take(std::move(span));
+            if (cut == 0) cut = CharacterEnd(rest, kLongestPiece);
+            Span part = Part(span, rest.substr(0, cut), position);
+            position += part.length;
+            rest.remove_prefix(cut);
+            Take(std::move(part));
             Close(ends_sentence);
-            span = std::move(rest);
         }
-        if (!span.text.empty()) Take(std::move(span));
+        if (rest.size() == span.text.size())
+            Take(span);
+        else if (!rest.empty())
+            Take(Part(span, rest, position));
+    }
+
+    /// Only of a span that is more than one character, so that one is one in the original too.
+    static Span Part(const Span& span, std::string_view text, std::size_t position) {
+        return {.kind = span.kind,
+                .text = std::string(text),
+                .position = position,
+                .length = CharacterCount(text),
+                .manner = span.manner,
+                .silence = {}};
     }
 
     void Take(Span span) {
-        length_ += span.text.size();
+        if (span.kind != Span::Kind::bookmark) length_ += span.text.size();
         piece_.spans.push_back(std::move(span));
     }
 
@@ -137,46 +106,10 @@ private:
     std::size_t length_ = 0;
 };
 
-void AppendText(std::string& notation, std::string_view text) {
-    for (const char c : text) {
-        const bool setting = static_cast<unsigned char>(c) < 0x20;
-        const bool phonemes = c == '[' && notation.ends_with('[');
-        notation += setting || phonemes ? ' ' : c;
-    }
-}
-
-void AppendSpelled(std::string& notation, std::string_view text) {
-    for (const char c : text) {
-        const auto sign =
-            std::ranges::find(kSignNames, c, &std::pair<char, std::string_view>::first);
-        if (!ContinuesCharacter(c)) notation += ' ';
-        if (c == 'a' || c == 'A')
-            notation += "[['eI]]";  // between other letters it would be read as the article
-        else if (sign != kSignNames.end())
-            notation += sign->second;
-        else
-            AppendText(notation, {&c, 1});
-    }
-    notation += ' ';
-}
-
 }  // namespace
 
 std::deque<Piece> CutIntoPieces(const std::vector<Span>& spans) {
     return Cutter().Cut(spans);
-}
-
-std::string Notation(const Piece& piece) {
-    std::string notation;
-    for (const Span& span : piece.spans) {
-        if (span.emphasised) notation += kEmphasis;
-        if (span.spelled)
-            AppendSpelled(notation, span.text);
-        else
-            AppendText(notation, span.text);
-        if (span.emphasised) notation += kNoEmphasis;
-    }
-    return notation;
 }
 
 }  // namespace corvane::engine

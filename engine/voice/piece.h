@@ -3,14 +3,13 @@
 
 #include <chrono>
 #include <deque>
-#include <string>
 #include <vector>
 
 #include "engine/voice/markup.h"
 
 namespace corvane::engine {
 
-/// What is synthesised in one go: some text, or a silence, which has no spans.
+/// What is synthesised in one go: some text with its bookmarks, or a silence, which has no spans.
 struct Piece {
     std::vector<Span> spans;
     std::chrono::milliseconds silence{0};
@@ -24,9 +23,5 @@ inline constexpr std::size_t kLongestPiece = 300;
 /// Parts spans at the end of a sentence where there is one in reach, else between words; a word
 /// that is too long by itself, between characters. The pieces hold all of the text.
 [[nodiscard]] std::deque<Piece> CutIntoPieces(const std::vector<Span>& spans);
-
-/// The piece in the synthesiser's notation: emphasis and letters by its inline settings and
-/// phonemes. Characters that it would take for settings of its own are defused.
-[[nodiscard]] std::string Notation(const Piece& piece);
 
 }  // namespace corvane::engine

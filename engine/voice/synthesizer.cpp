@@ -3,19 +3,22 @@
 
 #include <espeak-ng/speak_lib.h>
 
-#include <cstddef>
-#include <string>
+#include <algorithm>
 
 #include "engine/espeak_library.h"
 
 namespace corvane::engine {
 namespace {
 
-using Samples = std::vector<std::int16_t>;
-
 int Collect(short* samples, int count, espeak_EVENT* events) noexcept {
-    auto& sound = *static_cast<Samples*>(events->user_data);
-    if (samples != nullptr) sound.insert(sound.end(), samples, samples + count);
+    auto& synthesis = *static_cast<Synthesis*>(events->user_data);
+    if (samples != nullptr) synthesis.sound.insert(synthesis.sound.end(), samples, samples + count);
+    for (const espeak_EVENT* event = events; event->type != espeakEVENT_LIST_TERMINATED; ++event)
+        // Those without a length stand at the ends of clauses.
+        if (event->type == espeakEVENT_WORD && event->length > 0 && event->text_position > 0)
+            synthesis.beginnings.push_back(
+                {.character = static_cast<std::size_t>(event->text_position - 1),
+                 .sample = static_cast<std::size_t>(std::max(event->sample, 0))});
     return 0;
 }
 
@@ -25,21 +28,16 @@ bool CanSynthesize() {
     return EspeakLibrary().Usable();
 }
 
-std::vector<std::int16_t> Synthesize(const Piece& piece) {
-    Samples sound;
-    if (piece.spans.empty()) {
-        sound.resize(static_cast<std::size_t>(piece.silence.count() * kVoiceRate / 1000));
-        return sound;
-    }
-    const std::string text = Notation(piece);
+Synthesis Synthesize(const std::string& notation, bool ends_sentence) {
+    Synthesis synthesis;
     const unsigned flags =
-        espeakCHARS_UTF8 | espeakPHONEMES | (piece.ends_sentence ? unsigned{espeakENDPAUSE} : 0U);
-
+        espeakCHARS_UTF8 | espeakPHONEMES | (ends_sentence ? unsigned{espeakENDPAUSE} : 0U);
     const EspeakLibrary library;
-    if (!library.Usable()) return sound;
+    if (!library.Usable()) return synthesis;
     espeak_SetSynthCallback(&Collect);
-    espeak_Synth(text.c_str(), text.size() + 1, 0, POS_CHARACTER, 0, flags, nullptr, &sound);
-    return sound;
+    espeak_Synth(notation.c_str(), notation.size() + 1, 0, POS_CHARACTER, 0, flags, nullptr,
+                 &synthesis);
+    return synthesis;
 }
 
 }  // namespace corvane::engine

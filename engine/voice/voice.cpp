@@ -5,7 +5,6 @@
 #include <chrono>
 #include <utility>
 
-#include "engine/voice/markup.h"
 #include "engine/voice/synthesizer.h"
 #include "platform/error.h"
 
@@ -16,7 +15,8 @@ constexpr std::int64_t kAhead = kVoiceRate;  // a second: enough for a machine t
 
 }  // namespace
 
-Voice::Voice(const std::string& client_name) : playback_(client_name, kVoiceRate) {
+Voice::Voice(const std::string& client_name, Post post)
+    : post_(std::move(post)), playback_(client_name, kVoiceRate) {
     if (!CanSynthesize()) throw RuntimeError(kAutomationError, "no voice is installed");
     thread_ = std::thread([this] { Run(); });
 }
@@ -36,6 +36,7 @@ std::int32_t Voice::Speak(const std::string& Text, std::int32_t Flags) {
         purge_ = true;
         orders_.clear();
         ended_ = last_stream_;
+        listener_->CutOff(last_stream_);
     }
     const std::int32_t stream = ++last_stream_;
     orders_.push_back({.stream = stream, .text = Text, .markup = (Flags & SVSFIsXML) != 0});
@@ -54,54 +55,80 @@ bool Voice::WaitUntilDone(std::int32_t msTimeout) {
     return true;
 }
 
+void Voice::StopPosting() {
+    const std::lock_guard lock(post_mutex_);
+    post_ = {};
+}
+
 void Voice::Run() {
     while (TakeOrders()) {
         if (WantsSound()) Synthesise();
-        ReportEnds();
+        TellWhatWasHeard();
         playback_.Turn(WantsSound() ? PulsePlayback::Wait::no : PulsePlayback::Wait::yes);
-        ReportEnds();
+        TellWhatWasHeard();
     }
 }
 
 bool Voice::TakeOrders() {
     std::deque<Order> orders;
+    bool purge = false;
     {
         const std::lock_guard lock(mutex_);
         if (closing_) return false;
-        if (std::exchange(purge_, false)) {
-            utterances_.clear();
-            ends_.clear();
-            playback_.Purge();
-        }
+        purge = std::exchange(purge_, false);
         orders = std::exchange(orders_, {});
     }
+    if (purge) {
+        streams_.clear();
+        due_.clear();
+        playback_.Purge();
+        // There is an order, since a purge comes with one.
+        Tell({.stream = orders.front().stream, .sample = 0, .what = LevelMark{0}});
+    }
     for (const Order& order : orders)
-        utterances_.push_back({.stream = order.stream,
-                               .pieces = CutIntoPieces(order.markup ? ParseMarkup(order.text)
-                                                                    : PlainText(order.text))});
+        streams_.push_back(
+            {.number = order.stream, .utterance = Utterance(order.text, order.markup)});
     return true;
 }
 
 bool Voice::WantsSound() const {
-    return !utterances_.empty() && playback_.Appended() - playback_.Heard() < kAhead;
+    return !streams_.empty() && playback_.Appended() - playback_.Heard() < kAhead;
 }
 
 void Voice::Synthesise() {
-    std::deque<Piece>& pieces = utterances_.front().pieces;
-    if (!pieces.empty()) {
-        playback_.Append(Synthesize(pieces.front()));
-        pieces.pop_front();
+    Stream& stream = streams_.front();
+    if (!stream.utterance.Done()) {
+        const Spoken spoken = stream.utterance.Next();
+        const std::int64_t begin = playback_.Append(spoken.sound);
+        for (const Mark& mark : spoken.marks) {
+            // It is heard with its own sample, and at the very end with the one before.
+            const std::int64_t heard = std::min(mark.sample + 1, std::ssize(spoken.sound));
+            std::visit(
+                [&](const auto& what) {
+                    due_.push_back({.heard = begin + heard,
+                                    .event = {.stream = stream.number,
+                                              .sample = stream.length + mark.sample,
+                                              .what = what}});
+                },
+                mark.what);
+        }
+        stream.length += std::ssize(spoken.sound);
     }
-    if (pieces.empty()) {
-        ends_.push_back({.position = playback_.Appended(), .stream = utterances_.front().stream});
-        utterances_.pop_front();
-    }
+    if (!stream.utterance.Done()) return;
+    const VoiceEvent end{.stream = stream.number, .sample = stream.length, .what = EndMark{}};
+    due_.push_back({.heard = playback_.Appended(),
+                    .event = {.stream = end.stream, .sample = end.sample, .what = LevelMark{0}}});
+    due_.push_back({.heard = playback_.Appended(), .event = end});
+    streams_.pop_front();
 }
 
-void Voice::ReportEnds() {
+void Voice::TellWhatWasHeard() {
     std::int32_t ended = 0;
-    for (; !ends_.empty() && ends_.front().position <= playback_.Heard(); ends_.pop_front())
-        ended = ends_.front().stream;
+    for (; !due_.empty() && due_.front().heard <= playback_.Heard(); due_.pop_front()) {
+        if (std::holds_alternative<EndMark>(due_.front().event.what))
+            ended = due_.front().event.stream;
+        Tell(std::move(due_.front().event));
+    }
     if (ended == 0) return;
     {
         const std::lock_guard lock(mutex_);
@@ -109,6 +136,16 @@ void Voice::ReportEnds() {
         ended_ = std::max(ended_, ended);
     }
     heard_out_.notify_all();
+}
+
+void Voice::Tell(VoiceEvent event) {
+    if (const auto* level = std::get_if<LevelMark>(&event.what))
+        if (std::exchange(level_, level->level) == level->level) return;
+    const std::lock_guard lock(post_mutex_);
+    if (!post_) return;
+    post_([listener = std::weak_ptr(listener_), event = std::move(event)] {
+        if (const auto alive = listener.lock()) alive->Tell(event);
+    });
 }
 
 }  // namespace corvane::engine

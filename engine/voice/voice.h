@@ -4,37 +4,48 @@
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <thread>
 
 #include "engine/audio/pulse_playback.h"
-#include "engine/voice/piece.h"
+#include "engine/voice/utterance.h"
+#include "engine/voice/voice_listener.h"
 #include "platform/speech_api.h"
 
 namespace corvane::engine {
 
-/// The voice: text in, sound on the default audio output. A thread of its own synthesises a little
-/// ahead of what is heard.
+/// The voice: text in, sound on the default audio output, and an event when a word of it is heard.
+/// A thread of its own synthesises a little ahead of what is heard.
 ///
 /// The library's user is never kept waiting for the sound server. Without one, a text is said
-/// unheard in the time it would take, and where a server comes in the meantime the rest is heard.
+/// unheard in the time it would take, events included, and where a server comes in the meantime the
+/// rest is heard.
 ///
 /// A voice that goes cuts off what it says.
 class Voice final : public ISpeechVoice {
 public:
+    /// As SpeechEngine::Post.
+    using Post = std::function<void(std::function<void()>)>;
+
     /// client_name: what the user's sound settings call the program. Raises kAutomationError when
     /// no voice is installed.
-    explicit Voice(const std::string& client_name);
+    Voice(const std::string& client_name, Post post);
     ~Voice() override;
     Voice(const Voice&) = delete;
     Voice& operator=(const Voice&) = delete;
 
-    [[nodiscard]] std::int32_t EventInterests() const override { return event_interests_; }
-    void SetEventInterests(std::int32_t Mask) override { event_interests_ = Mask; }
+    [[nodiscard]] std::int32_t EventInterests() const override { return listener_->Interests(); }
+    void SetEventInterests(std::int32_t Mask) override { listener_->SetInterests(Mask); }
+    void Advise(SpeechVoiceHandlers Handlers) override { listener_->Advise(std::move(Handlers)); }
     std::int32_t Speak(const std::string& Text, std::int32_t Flags) override;
     /// Without a bound when `msTimeout` is negative.
     bool WaitUntilDone(std::int32_t msTimeout) override;
+
+    /// From now on nothing is posted; it can still be heard.
+    void StopPosting();
 
 private:
     struct Order {
@@ -43,24 +54,29 @@ private:
         bool markup;
     };
     /// What is left to be synthesised of an order.
-    struct Utterance {
-        std::int32_t stream;
-        std::deque<Piece> pieces;
+    struct Stream {
+        std::int32_t number;
+        Utterance utterance;
+        std::int64_t length = 0;  ///< in samples, so far
     };
-    /// Where in the played sound a stream ends.
-    struct End {
-        std::int64_t position;
-        std::int32_t stream;
+    /// An event and the count of heard samples that makes it true.
+    struct Due {
+        std::int64_t heard;
+        VoiceEvent event;
     };
 
     void Run();
     /// Returns false when the voice is to go.
     [[nodiscard]] bool TakeOrders();
     void Synthesise();
-    void ReportEnds();
+    void TellWhatWasHeard();
+    void Tell(VoiceEvent event);
     [[nodiscard]] bool WantsSound() const;
 
-    std::int32_t event_interests_ = 0;
+    std::shared_ptr<VoiceListener> listener_ = std::make_shared<VoiceListener>();
+
+    std::mutex post_mutex_;
+    Post post_;  ///< guarded by post_mutex_; none when nothing is to be posted any more
 
     std::mutex mutex_;
     std::condition_variable heard_out_;
@@ -71,8 +87,9 @@ private:
     std::int32_t ended_ = 0;        ///< guarded by mutex_; the last stream that has ended
 
     // The thread's own.
-    std::deque<Utterance> utterances_;
-    std::deque<End> ends_;
+    std::deque<Stream> streams_;
+    std::deque<Due> due_;     ///< in the order of their times
+    std::int32_t level_ = 0;  ///< the last one told
     PulsePlayback playback_;
 
     std::thread thread_;

@@ -17,7 +17,9 @@ Application::Application(const Platform& platform)
       recogniser_(platform.speech, voice_),
       form2_([this] { return CreateForm2(); }),
       form4_([this] { return CreateForm4(); }),
-      speaker_(voice_, form2_),
+      speaker_(voice_, form2_, platform.runtime, platform.clipboard),
+      voice_feedback_(voice_, form2_),
+      command_help_(form2_, [this](const std::string& sentence) { speaker_.Speak(sentence); }),
       tray_(platform.shell32, form2_),
       help_page_(platform.automation, platform.runtime),
       log_(form2_),
@@ -28,6 +30,7 @@ Application::Application(const Platform& platform)
       startup_(loop_, platform.runtime, platform.speech, paths_, keywords_, recogniser_, voice_,
                speaker_, form2_, form4_) {
     BindRecogniser();
+    BindVoice();
 }
 
 void Application::Run() {
@@ -43,6 +46,7 @@ std::shared_ptr<Form2> Application::CreateForm2() {
     form->mnuExit.Click = [this] { platform_.runtime.End(); };
     form->mnuHDoc.Click = [this] { help_page_.Open(); };
     form->mnuAbout.Click = [this] { form4_->ShowModal(); };
+    form->List1.DblClick = [this] { command_help_.List1_DblClick(); };
     form->Command2.Click = [this] { speaker_.ReadWhiteboard(); };
     return form;
 }
@@ -72,6 +76,20 @@ void Application::BindRecogniser() {
     };
     events.Adaptation = [this](std::int32_t number, const Variant& position) {
         feedback_.rc_Adaptation(number, position);
+    };
+}
+
+void Application::BindVoice() {
+    SpeechVoiceHandlers& events = startup_.VoiceEvents;
+    events.AudioLevel = [this](std::int32_t number, const Variant& position, std::int32_t level) {
+        voice_feedback_.voice_AudioLevel(number, position, level);
+    };
+    events.EndStream = [this](std::int32_t number, const Variant& position) {
+        voice_feedback_.voice_EndStream(number, position);
+    };
+    events.Word = [this](std::int32_t number, const Variant& position, std::int32_t character,
+                         std::int32_t length) {
+        voice_feedback_.voice_Word(number, position, character, length);
     };
 }
 

@@ -14,11 +14,13 @@
 #include "platform/platform.h"
 #include "runtime/forms/form.h"
 #include "runtime/message_loop.h"
+#include "shell/command_help.h"
 #include "shell/form2.h"
 #include "shell/form4.h"
 #include "shell/help_page.h"
 #include "shell/tray_icon.h"
 #include "speech/speaker.h"
+#include "speech/voice_feedback.h"
 
 namespace corvane {
 
@@ -37,6 +39,7 @@ private:
     [[nodiscard]] std::shared_ptr<Form2> CreateForm2();
     [[nodiscard]] std::shared_ptr<Form4> CreateForm4();
     void BindRecogniser();
+    void BindVoice();
 
     Platform platform_;
     MessageLoop loop_;
@@ -47,6 +50,8 @@ private:
     forms::Lazy<Form2> form2_;
     forms::Lazy<Form4> form4_;
     Speaker speaker_;
+    VoiceFeedback voice_feedback_;
+    CommandHelp command_help_;
     TrayIcon tray_;
     HelpPage help_page_;
     TextLog log_;

@@ -7,6 +7,7 @@
 
 #include "core/recognition_line.h"
 #include "runtime/failure.h"
+#include "speech/sentences.h"
 
 namespace corvane {
 
@@ -32,13 +33,20 @@ struct RuleTable {
         {"no", [](auto& self, auto& step) { Type(self, step, "n"); }},
         {"cancel", [](auto& self, auto& step) { Type(self, step, "{ESC}"); }},
         {"okay", [](auto& self, auto& step) { Type(self, step, "{ENTER}"); }},
+        {"the date", [](auto& self, auto& step) { step([&] { self.speaker_.SayDate(); }); }},
+        {"the time", [](auto& self, auto& step) { step([&] { self.speaker_.SayTime(); }); }},
         {"clean whiteboard",
          [](auto& self, auto& step) { step([&] { self.main_window_->Text3.SetText(""); }); }},
+        {"read whiteboard", [](auto& self, auto& step) { self.speaker_.ReadWhiteboard(step); }},
+        {"read selected", [](auto& self, auto& step) { self.speaker_.ReadSelected(step); }},
+        {"read all", [](auto& self, auto& step) { self.speaker_.ReadAll(step); }},
         {"close corvane",
          [](auto& self, auto& step) {
              self.speaker_.SayGoodbye(step);
              self.runtime_.End();
          }},
+        {"you there",
+         [](auto& self, auto& step) { step([&] { self.speaker_.Speak(kPresence); }); }},
         {"disable",
          [](auto& self, auto& step) {
              step([&] { self.recogniser_.init_rec(self.paths_.QuietXmlPath); });

@@ -56,6 +56,7 @@ void Startup::Form2_Load() {
     recogniser_.DictationActive = false;
     recogniser_.init_rec(paths_.KeywordsXmlPath);
     voice_ = speech_.CreateSpVoice();
+    voice_->Advise(VoiceEvents);
     speaker_.SpFlags = kSpFlags;
     keywords_.Reload();
     form2_->Picture1.SetPicture(form2_->ImageList1.Picture(1));

@@ -24,6 +24,9 @@ public:
             Nullable<ISpeechVoice>& voice, Speaker& speaker, forms::Lazy<Form2>& main_window,
             forms::Lazy<Form4>& splash);
 
+    /// Where the voice's events go, from its creation in the main window's load on.
+    SpeechVoiceHandlers VoiceEvents;
+
     /// The process entry: shows the splash and returns.
     void Main();
 

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/user32.h"
 
@@ -60,6 +61,8 @@ struct ControlDescription {
     ControlColours colours = ControlColours::System;
     std::string_view tool_tip = {};
     std::string_view role = {};  ///< what it shows, in words, for people who do not see it
+    /// Of a text of several lines: false if what is marked in it can be seen wherever the focus is.
+    bool hide_selection = true;
 };
 
 struct MenuDescription {
@@ -113,6 +116,15 @@ public:
     virtual void SetPicture(const std::string& name) = 0;
 };
 
+class IListPeer : public IControlPeer {};
+
+struct ListPeerEvents {
+    /// A person has selected another item, counted from 0; -1 is none.
+    std::function<void(std::int32_t index)> Selected;
+    /// A person double-clicks into the list, be it beside its items; behind Selected.
+    std::function<void()> DblClick;
+};
+
 class IButtonPeer : public IControlPeer {
 public:
     virtual void SetVisible(bool visible) = 0;
@@ -148,6 +160,10 @@ public:
         const ControlDescription& control) = 0;
     [[nodiscard]] virtual std::unique_ptr<IButtonPeer> AddButton(const ControlDescription& control,
                                                                  ButtonPeerEvents events) = 0;
+    /// Shows `items` in their order; none is selected at first.
+    [[nodiscard]] virtual std::unique_ptr<IListPeer> AddList(const ControlDescription& control,
+                                                             const std::vector<std::string>& items,
+                                                             ListPeerEvents events) = 0;
     /// `Click` is called when a person chooses the entry; it may be empty.
     virtual void AddMenu(const MenuDescription& menu, std::function<void()> Click) = 0;
 

@@ -1,19 +1,39 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <functional>
 #include <string>
 
-/// What the system's language asks of the world at run time: keys, programs, its own place, its
-/// end, and the queue of messages by which everything reaches it.
+/// What the system's language asks of the world at run time: keys, programs, the clipboard, the
+/// date, its own place, its end, and the queue of messages by which everything reaches it.
 namespace corvane {
 
 /// Window style of a started program.
 enum ShellWindowStyle : std::int32_t { kNormalFocus = 1 };
 
 enum MsgBoxStyle : std::int32_t { kOkOnly = 0 };
+
+/// A moment as the wall clock and the calendar of this place show it.
+struct DateTime {
+    int year = 1900;
+    int month = 1;    ///< 1 to 12
+    int day = 1;      ///< 1 to 31
+    int weekday = 2;  ///< 1 is Sunday, 7 Saturday
+    int hour = 0;     ///< 0 to 23
+    int minute = 0;   ///< 0 to 59
+    friend bool operator==(const DateTime&, const DateTime&) = default;
+};
+
+/// What the person's locale calls days, months and the halves of a day. None of them is empty.
+struct DateNames {
+    std::array<std::string, 7> weekdays;       ///< in full, Sunday first
+    std::array<std::string, 12> short_months;  ///< abbreviated, January first
+    std::string am;                            ///< the half before noon, in capitals
+    std::string pm;                            ///< the half from noon on, in capitals
+};
 
 class ILanguageRuntime {
 public:
@@ -36,6 +56,12 @@ public:
     /// What parts the names in a path.
     [[nodiscard]] virtual char PathSeparator() const = 0;
 
+    /// The present moment, in the time zone that is in force.
+    [[nodiscard]] virtual DateTime Now() const = 0;
+
+    /// The names of the locale that is in force.
+    [[nodiscard]] virtual DateNames LocaleDateNames() const = 0;
+
     /// Shows a message with the buttons of that style, modal: messages run meanwhile. An empty
     /// title is the program's name.
     virtual void MsgBox(const std::string& prompt, MsgBoxStyle style, const std::string& title) = 0;
@@ -45,6 +71,20 @@ public:
 
     /// Ends the process on the spot: no window is unloaded, nothing is unwound.
     [[noreturn]] virtual void End() = 0;
+};
+
+/// The clipboard that all programs of the desktop share. No message runs inside its calls.
+class IClipboard {
+public:
+    virtual ~IClipboard() = default;
+
+    /// Its text without any format, lines parted by CR LF. Empty when it holds no text, also when
+    /// the program that keeps the text does not hand it over within a second.
+    [[nodiscard]] virtual std::string GetText() = 0;
+
+    /// Rises whenever a program puts something there, be it the same text again; so two equal
+    /// answers mean that nothing was copied in between.
+    [[nodiscard]] virtual std::uint32_t SequenceNumber() = 0;
 };
 
 /// The queue of the one thread on which the system runs.

@@ -5,6 +5,7 @@ namespace corvane {
 
 class IAdvapi32;
 class IAutomation;
+class IClipboard;
 class IFileSystemObject;
 class ILanguageRuntime;
 class IMessageQueue;
@@ -24,6 +25,7 @@ struct Platform {
     IAdvapi32& advapi32;
     IShell32& shell32;
     IUser32& user32;
+    IClipboard& clipboard;
 };
 
 }  // namespace corvane

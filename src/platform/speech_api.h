@@ -43,6 +43,7 @@ enum SpeechRecoEvents : std::int32_t {
 /// Event bits of a voice.
 enum SpeechVoiceEvents : std::int32_t {
     SVEEndInputStream = 4,
+    SVEBookmark = 16,
     SVEWordBoundary = 32,
     SVEAudioLevel = 512,
 };
@@ -183,17 +184,47 @@ public:
     virtual void Advise(SpeechRecoContextEvents Events) = 0;
 };
 
+/// Where a voice's events go. An empty function takes no events. Each arrives when what it tells
+/// of is heard; StreamPosition counts from the beginning of its stream.
+struct SpeechVoiceHandlers {
+    /// A word begins. CharacterPosition counts the characters in front of it and Length those of
+    /// its own in the text that was given to Speak, markup included, from 0. A word is what stands
+    /// between blanks, without the signs around it; positions rise strictly within a stream.
+    std::function<void(std::int32_t StreamNumber, const Variant& StreamPosition,
+                       std::int32_t CharacterPosition, std::int32_t Length)>
+        Word;
+    /// A stream has been heard to its end; once for each that was not cut off, an empty text's
+    /// included. It is the stream's last event.
+    std::function<void(std::int32_t StreamNumber, const Variant& StreamPosition)> EndStream;
+    /// How loud the output is, 0 to 100: several a second while sound is heard, and 0 when it ends
+    /// or is cut off (then under the number of the stream that cut it off).
+    std::function<void(std::int32_t StreamNumber, const Variant& StreamPosition,
+                       std::int32_t AudioLevel)>
+        AudioLevel;
+    /// The place of a bookmark of the markup. BookmarkId is the number that its name begins with,
+    /// else 0.
+    std::function<void(std::int32_t StreamNumber, const Variant& StreamPosition,
+                       const std::string& Bookmark, std::int32_t BookmarkId)>
+        Bookmark;
+};
+
 class ISpeechVoice {
 public:
     virtual ~ISpeechVoice() = default;
-    /// Sum of SpeechVoiceEvents.
+    /// Sum of SpeechVoiceEvents; an event whose bit is missing when it would arrive is not raised.
     [[nodiscard]] virtual std::int32_t EventInterests() const = 0;
     virtual void SetEventInterests(std::int32_t Mask) = 0;
+    /// Connects the handlers, in place of any earlier ones. From a call with `{}` on nothing more
+    /// arrives: an event looks its handler up when it is dispatched, not when it is posted.
+    virtual void Advise(SpeechVoiceHandlers Handlers) = 0;
 
     /// Speaks a text; Flags is a sum of SpeechVoiceSpeakFlags. With SVSFlagsAsync it returns at
     /// once, with SVSFPurgeBeforeSpeak it cuts off what is being said and what waits to be, with
     /// SVSFIsXML the text may hold markup, and what can't be markup is read as it stands. Returns
     /// the number of the stream, rising from 1. Raises only where nothing can be spoken at all.
+    ///
+    /// A stream that was cut off raises nothing more, not even its end, nor what was queued of it
+    /// before: the handlers of an end would else take it for the end of the stream that follows.
     virtual std::int32_t Speak(const std::string& Text, std::int32_t Flags) = 0;
 
     /// Waits until all that was given to Speak has been heard, at most `msTimeout` milliseconds; no

@@ -5,6 +5,7 @@
 #include "platform/language_runtime.h"
 #include "runtime/forms/controls.h"
 #include "runtime/forms/form.h"
+#include "runtime/forms/list_box.h"
 #include "runtime/forms/text_box.h"
 #include "runtime/forms/timer.h"
 #include "shell/form2_layout.h"
@@ -16,17 +17,17 @@ class Form2 final : public forms::Form {
 public:
     Form2(IWindowToolkit& toolkit, MessageLoop& loop, ILanguageRuntime& runtime);
 
-    forms::Fixture List1{*this, "List1"};  // command list
+    forms::ListBox List1{*this, "List1"};  // command list
     forms::Fixture Frame2{*this, "Frame2"};
     forms::Fixture Picture2{*this, "Picture2"};
     forms::Fixture Label7{*this, "Label7"};
     forms::Timer Timer1{loop(), std::chrono::milliseconds(1000), true};  // status monitor
     forms::Fixture bkCProg1{*this, "bkCProg1"};
-    forms::Fixture Text4{*this, "Text4"};
-    forms::ProgressBar ProgressBar2{*this, "ProgressBar2"};
-    forms::CommandButton Command3{*this, "Command3"};  // Clear
-    forms::CommandButton Command2{*this, "Command2"};  // Read
-    forms::TextBox Text3{*this, "Text3"};              // the whiteboard
+    forms::TextBox Text4{*this, "Text4"};
+    forms::ProgressBar ProgressBar2{*this, "ProgressBar2"};  // voice level, 0 to 100
+    forms::CommandButton Command3{*this, "Command3"};        // Clear
+    forms::CommandButton Command2{*this, "Command2"};        // Read
+    forms::TextBox Text3{*this, "Text3"};                    // the whiteboard
     forms::Fixture Frame1{*this, "Frame1"};
     forms::PictureBox Picture1{*this, "Picture1"};
     forms::Fixture Label1{*this, "Label1"};

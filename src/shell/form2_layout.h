@@ -71,7 +71,9 @@ inline constexpr auto kForm2Controls = std::to_array<ControlDescription>({
      .kind = ControlKind::MultilineTextBox,
      .place = {1695, 1020, 4680, 2385},
      .tab_index = 6,
-     .role = "Whiteboard"},
+     .role = "Whiteboard",
+     // The word being read is seen while another program has the focus.
+     .hide_selection = false},
     {.name = "Frame1",
      .kind = ControlKind::Frame,
      .place = {6780, 3555, 2505, 825},

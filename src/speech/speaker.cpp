@@ -1,6 +1,9 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "speech/speaker.h"
 
+#include "runtime/dates.h"
+#include "speech/sentences.h"
+
 namespace corvane {
 namespace {
 
@@ -11,11 +14,25 @@ constexpr std::int32_t kGoodbyeMilliseconds = 1000;
 
 }  // namespace
 
-Speaker::Speaker(Nullable<ISpeechVoice>& voice, forms::Lazy<Form2>& main_window)
-    : voice_(voice), main_window_(main_window) {}
+Speaker::Speaker(Nullable<ISpeechVoice>& voice, forms::Lazy<Form2>& main_window,
+                 ILanguageRuntime& runtime, IClipboard& clipboard)
+    : voice_(voice), main_window_(main_window), runtime_(runtime), clipboard_(clipboard) {}
 
-void Speaker::Speak(const std::string& text) {
-    voice_->Speak(text, SpFlags.rep());
+void Speaker::Speak(std::string_view text) {
+    voice_->Speak(std::string(text), SpFlags.rep());
+}
+
+void Speaker::SayDate() {
+    Speak(DateSentence(FormatDate(runtime_.Now(), runtime_.LocaleDateNames())));
+}
+
+void Speaker::SayTime() {
+    Speak(TimeSentence(FormatTime(runtime_.Now(), runtime_.LocaleDateNames())));
+}
+
+void Speaker::SayGoodbye(const ResumeNext& step) {
+    step([&] { Speak(kGoodbye); });
+    step([&] { voice_->WaitUntilDone(kGoodbyeMilliseconds); });
 }
 
 void Speaker::ReadWhiteboard() {
@@ -23,9 +40,29 @@ void Speaker::ReadWhiteboard() {
     Speak(main_window_->Text3.Text());
 }
 
-void Speaker::SayGoodbye(const ResumeNext& step) {
-    step([&] { Speak("<emph>goodbye</emph> "); });
-    step([&] { voice_->WaitUntilDone(kGoodbyeMilliseconds); });
+void Speaker::ReadWhiteboard(const ResumeNext& step) {
+    step([&] { voice_->SetEventInterests(kReadingInterests); });
+    step([&] { Speak(main_window_->Text3.Text()); });
+}
+
+void Speaker::ReadAll(const ResumeNext& step) {
+    step([&] { runtime_.SendKeys("^a", true); });
+    step([&] { runtime_.SendKeys("^c", true); });
+    step([&] { main_window_->Text3.SetText(clipboard_.GetText()); });
+    ReadWhiteboard(step);
+}
+
+void Speaker::ReadSelected(const ResumeNext& step) {
+    std::uint32_t before = 0;
+    step([&] { before = clipboard_.SequenceNumber(); });
+    step([&] { runtime_.SendKeys("^c", true); });
+    // With nothing highlighted a program copies nothing, and what was on the clipboard before is
+    // not what was asked for; it may be something that nobody else should hear.
+    if (step.test([&] { return clipboard_.SequenceNumber() == before; }))
+        step([&] { main_window_->Text3.SetText(""); });
+    else
+        step([&] { main_window_->Text3.SetText(clipboard_.GetText()); });
+    ReadWhiteboard(step);
 }
 
 }  // namespace corvane

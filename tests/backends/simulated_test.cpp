@@ -113,6 +113,87 @@ TEST_F(SimulatedDictation, DialogsAreRecordedAndCloseAtOnce) {
     EXPECT_ERROR(kAutomationError, (context->Recognizer()->DisplayUI(0, "", "", ""), 0));
 }
 
+/// A voice whose events are told one a line.
+class SimulatedVoiceTest : public ::testing::Test {
+protected:
+    SimulatedVoiceTest() {
+        voice->Advise(
+            {.Word =
+                 [this](std::int32_t stream, const Variant&, std::int32_t position,
+                        std::int32_t length) {
+                     Tell(stream,
+                          "word " + std::to_string(position) + " " + std::to_string(length));
+                 },
+             .EndStream = [this](std::int32_t stream, const Variant&) { Tell(stream, "end"); },
+             .AudioLevel =
+                 [this](std::int32_t stream, const Variant&, std::int32_t level) {
+                     Tell(stream, "level " + std::to_string(level));
+                 },
+             .Bookmark = {}});
+    }
+
+    void Tell(std::int32_t stream, const std::string& event) {
+        told += std::to_string(desktop.queue.Now().count()) + " " + std::to_string(stream) + " " +
+                event + "\n";
+    }
+
+    static constexpr std::int32_t kFlags = SVSFlagsAsync + SVSFPurgeBeforeSpeak + SVSFIsXML;
+    SimulatedDesktop desktop;
+    std::shared_ptr<ISpeechVoice> voice = desktop.speech.CreateSpVoice();
+    std::string told;
+};
+
+TEST_F(SimulatedVoiceTest, MarksWordsInTheOriginalTextWhileItSpeaks) {
+    voice->SetEventInterests(SVEWordBoundary + SVEEndInputStream);
+    voice->Speak("<emph>\xC3\xA9t\xC3\xA9</emph>, don't a < b", kFlags);
+    desktop.RunFor(10s);
+    EXPECT_EQ(told,
+              "0 1 word 6 3\n"
+              "500 1 word 18 5\n"
+              "1100 1 word 24 1\n"
+              "1500 1 word 28 1\n"
+              "1600 1 end\n");
+}
+
+TEST_F(SimulatedVoiceTest, RaisesOnlyWhatIsOfInterestWhenItArrives) {
+    voice->SetEventInterests(SVEAudioLevel);
+    voice->Speak("one two", kFlags);
+    desktop.RunFor(100ms);
+    voice->SetEventInterests(SVEAudioLevel + SVEWordBoundary);
+    desktop.RunFor(10s);
+    EXPECT_EQ(told,
+              "0 1 level 35\n"
+              "400 1 word 4 3\n"
+              "400 1 level 35\n"
+              "700 1 level 0\n");
+}
+
+TEST_F(SimulatedVoiceTest, WhatWasCutOffIsNotHeardOfAgain) {
+    voice->SetEventInterests(548);
+    voice->Speak("first text", kFlags);
+    desktop.RunFor(300ms);
+    told.clear();
+    voice->Speak("", kFlags);
+    desktop.RunFor(10s);
+    EXPECT_EQ(told, "300 2 level 0\n300 2 end\n");
+}
+
+TEST_F(SimulatedVoiceTest, EventsOfQueuedTextsFollowEachOther) {
+    voice->SetEventInterests(SVEEndInputStream);
+    voice->Speak("one", SVSFlagsAsync);
+    voice->Speak("two", SVSFlagsAsync);
+    desktop.RunFor(10s);
+    EXPECT_EQ(told, "300 1 end\n600 2 end\n");
+}
+
+TEST_F(SimulatedVoiceTest, IsSilentToWhoDoesNotListenAnyMore) {
+    voice->SetEventInterests(548);
+    voice->Speak("one", kFlags);
+    voice->Advise({});
+    desktop.RunFor(10s);
+    EXPECT_EQ(told, "");
+}
+
 TEST(SpokenGrammar, AcceptsEverySayingOfARuleAndNoOther) {
     const auto rules =
         ParseGrammar(GrammarOf("<RULE NAME=\"read\" TOPLEVEL=\"ACTIVE\"><O>please</O><P>read</P>"

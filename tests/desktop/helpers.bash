@@ -63,3 +63,35 @@ samples = array.array("h", open(sys.argv[1], "rb").read())
 print(round(math.sqrt(sum(s * s for s in samples) / max(1, len(samples)))))
 PYTHON
 }
+
+# record_speaker COMMAND...: what the speaker plays from the command on until it is silent again;
+# prints the name of a WAV file.
+record_speaker() {
+    local recorder file="$scratch/spoken.raw"
+    parec --raw --rate=16000 --channels=1 --format=s16le --device=corvane_speaker.monitor \
+        > "$file" &
+    recorder=$!
+    "$@"
+    wait_until 30 has_been_heard_out "$file" || true
+    kill "$recorder"
+    wait "$recorder" || true
+    to_wav "$file"
+}
+
+# has_been_heard_out RECORDING: there was sound, and none in the last second.
+has_been_heard_out() {
+    (($(stat -c %s "$1") > 16000 * 2)) || return 1
+    tail -c $((16000 * 2)) "$1" > "$1.tail"
+    (($(loudness "$1") > 50 && $(loudness "$1.tail") < 5))
+}
+
+# to_wav RECORDING: as a WAV file, whose name is printed.
+to_wav() {
+    /usr/bin/python3 - "$1" << 'PYTHON'
+import sys, wave
+with wave.open(sys.argv[1] + ".wav", "wb") as wav:
+    wav.setparams((1, 2, 16000, 0, "NONE", ""))
+    wav.writeframes(open(sys.argv[1], "rb").read())
+PYTHON
+    echo "$1.wav"
+}

@@ -13,6 +13,7 @@
 #include "engine/audio/sample_queue.h"
 #include "engine/audio/wav_file.h"
 #include "platform/error.h"
+#include "support/temporary_file.h"
 
 namespace corvane::engine {
 namespace {
@@ -52,6 +53,14 @@ TEST(WavFile, ChunksThatAreNoSoundArePassedOver) {
 TEST(WavFile, CutShortGivesWhatIsThere) {
     const std::string whole = Wav(Format(1, 1, 16000, 16) + kSound);
     EXPECT_EQ(ParseWav(whole.substr(0, whole.size() - 1)), std::vector<std::int16_t>{1});
+}
+
+TEST(WavFile, WhatWasWrittenReadsBack) {
+    const testing::TemporaryFile file;
+    const std::vector<std::int16_t> samples{0, 1, -2, 32767, -32768};
+    WriteWavFile(file.Path(), samples, kSampleRate);
+    EXPECT_EQ(ReadWavFile(file.Path()), samples);
+    EXPECT_THROW(WriteWavFile("/nowhere/at/all.wav", samples, kSampleRate), RuntimeError);
 }
 
 TEST(WavFile, OtherKindsAreRefused) {

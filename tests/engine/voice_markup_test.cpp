@@ -8,20 +8,31 @@
 #include <string_view>
 
 #include "engine/voice/markup.h"
+#include "engine/voice/notation.h"
 #include "engine/voice/piece.h"
+#include "engine/voice/utf8.h"
+#include "engine/voice/words.h"
 
 namespace corvane::engine {
 namespace {
 
-/// Spans as one line: position:text, with a manner before the text.
+/// Spans as one line: position:text, with kind and manner before the text.
 std::string Told(const std::vector<Span>& spans) {
     std::string line;
     for (const Span& span : spans) {
         if (!line.empty()) line += '|';
         line += std::to_string(span.position) + ':';
-        if (span.emphasised) line += "emph ";
-        if (span.spelled) line += "spell ";
-        line += span.text.empty() ? "silence " + std::to_string(span.silence.count()) : span.text;
+        if (span.manner.emphasised) line += "emph ";
+        if (span.manner.spelled) line += "spell ";
+        if (span.manner.rate != 0) line += "rate " + std::to_string(span.manner.rate) + ' ';
+        if (span.manner.pitch != 0) line += "pitch " + std::to_string(span.manner.pitch) + ' ';
+        if (span.manner.volume != 100) line += "volume " + std::to_string(span.manner.volume) + ' ';
+        if (span.kind == Span::Kind::silence)
+            line += "silence " + std::to_string(span.silence.count());
+        if (span.kind == Span::Kind::bookmark) line += "bookmark ";
+        if (span.kind == Span::Kind::phonemes)
+            line += "phonemes " + std::to_string(span.length) + ' ';
+        line += span.text;
     }
     return line;
 }
@@ -58,14 +69,37 @@ constexpr std::array kActing = std::to_array<Reading>({
     {"\xC3\xA9t\xC3\xA9<emph>\xC3\xA9</emph>x", "0:\xC3\xA9t\xC3\xA9|9:emph \xC3\xA9|17:x"},
 });
 
+constexpr std::array kManners = std::to_array<Reading>({
+    {"<rate absspeed=\"5\">fast</rate>.", "19:rate 5 fast|30:."},
+    {"<rate absspeed=\"5\"><rate speed=\"-2\">a</rate>b</rate>c", "36:rate 3 a|44:rate 5 b|52:c"},
+    {"<rate speed=\"+9\"><rate speed=\"9\">a", "33:rate 10 a"},
+    {"<rate absspeed=\"-99\">a</rate><rate absspeed=\"99999999999\">b",
+     "21:rate -10 a|58:rate 10 b"},
+    {"<volume level='50'/>soft", "20:volume 50 soft"},
+    {"<volume level='500'>loud</volume><volume level='-1'>none", "20:loud|52:volume 0 none"},
+    {"<pitch absmiddle=\"-10\">low<pitch middle=\"+5\"/>er</pitch>er",
+     "23:pitch -10 low|46:pitch -5 er|56:pitch 5 er"},
+    {"<emph><rate speed=\"1\"/>a</emph>b", "23:emph rate 1 a|31:rate 1 b"},
+    {"<rate absspeed=\"soon\">a<rate>b<rate speed=\"--1\">c", "22:a|29:b|48:c"},
+    {"<emph>a<spell>b</emph>c</spell>d", "6:emph a|14:emph spell b|22:c|31:d"},
+});
+
+constexpr std::array kPronunciations = std::to_array<Reading>({
+    {"<pron sym=\"h eh 1 l ow\"/>x", "25:phonemes 0 h|'E|l|oU|25:x"},
+    {"<pron sym=\"h eh l ow 2\">hi <emph>you</emph></pron> x", "24:phonemes 19 h|E|l|,oU|50: x"},
+    {"<pron sym=\"m iy - t\">not ended", "21:phonemes 0 m|i:|t|21:not ended"},
+    {"<emph><pron sym=\"AE &amp; x & dh\"/>", "35:emph phonemes 0 a D"},
+    {"<pron sym=\"1 ? \">read</pron><pron>this</pron>", "17:read|34:this"},
+});
+
+constexpr std::array kBookmarks = std::to_array<Reading>({
+    {"a<bookmark mark=\"7 up\"/>b", "0:a|1:bookmark 7 up|24:b"},
+    {"a<bookmark mark=\"\"/><bookmark/>b", "0:a|31:b"},
+});
+
 constexpr std::array kWithoutEffect = std::to_array<Reading>({
-    {"<rate absspeed=\"5\">fast</rate>", "19:fast"},
-    {"<volume level='50'/>soft", "20:soft"},
-    {"<pron sym=\"h eh 1 l ow\"/>x", "25:x"},
     {"<voice required=\"Gender=Female;Age!=Child\">x</voice>", "43:x"},
-    {"a<bookmark mark=\"1\"/>b", "0:a|21:b"},
-    {"<lang langid=\"409\"><pitch middle=\"+5\"><context id=\"date\"><partofsp part=\"verb\">x",
-     "79:x"},
+    {"<sapi><lang langid=\"409\"><context id=\"date\"><partofsp part=\"verb\">x", "66:x"},
 });
 
 constexpr std::array kText = std::to_array<Reading>({
@@ -92,9 +126,23 @@ constexpr std::array kEntities = std::to_array<Reading>({
 });
 
 INSTANTIATE_TEST_SUITE_P(Acting, Markup, ::testing::ValuesIn(kActing));
+INSTANTIATE_TEST_SUITE_P(Manners, Markup, ::testing::ValuesIn(kManners));
+INSTANTIATE_TEST_SUITE_P(Pronunciations, Markup, ::testing::ValuesIn(kPronunciations));
+INSTANTIATE_TEST_SUITE_P(Bookmarks, Markup, ::testing::ValuesIn(kBookmarks));
 INSTANTIATE_TEST_SUITE_P(WithoutEffect, Markup, ::testing::ValuesIn(kWithoutEffect));
 INSTANTIATE_TEST_SUITE_P(Text, Markup, ::testing::ValuesIn(kText));
 INSTANTIATE_TEST_SUITE_P(Entities, Markup, ::testing::ValuesIn(kEntities));
+
+TEST(DeepMarkup, IsReadAndChangesNothingMore) {
+    std::string text;
+    for (int i = 0; i < 100'000; ++i) text += "<emph>";
+    text += "x";
+    EXPECT_EQ(Told(ParseMarkup(text)), "600000:emph x");
+}
+
+TEST(BrokenText, CountsEachStrayByteAsACharacter) {
+    EXPECT_EQ(Told(ParseMarkup("\x80\xFF<emph>\xC3")), "0:\x80\xFF|8:emph \xC3");
+}
 
 TEST(PlainText, IsReadAsItStands) {
     EXPECT_EQ(Told(PlainText("<emph>a</emph> &lt;")), "0:<emph>a</emph> &lt;");
@@ -176,10 +224,13 @@ TEST(Pieces, WordOfManySpansIsCutBetweenThem) {
 }
 
 std::string NotationOf(std::string_view text) {
-    return Notation(CutIntoPieces(ParseMarkup(text)).at(0));
+    const auto spans = ParseMarkup(text);
+    const Notation notation = Notate(CutIntoPieces(spans).at(0), FindWords(spans));
+    EXPECT_EQ(notation.origins.size(), CharacterCount(notation.text));
+    return notation.text;
 }
 
-TEST(Notation, EmphasisIsSlowerHigherAndLouder) {
+TEST(NotationText, EmphasisIsSlowerHigherAndLouder) {
     EXPECT_EQ(NotationOf("<emph>x</emph>y"),
               "\x01"
               "149S\x01"
@@ -190,15 +241,46 @@ TEST(Notation, EmphasisIsSlowerHigherAndLouder) {
               "100Ay");
 }
 
-TEST(Notation, SpelledTextIsLettersAndNamesOfSigns) {
+TEST(NotationText, SpelledTextIsLettersAndNamesOfSigns) {
     EXPECT_EQ(NotationOf("<spell>c-a</spell>"), " c dash [['eI]] ");
 }
 
-TEST(Notation, TypedSettingsAndPhonemesAreDefused) {
+TEST(NotationText, TypedSettingsAndPhonemesAreDefused) {
     EXPECT_EQ(NotationOf("a\x01"
                          "9S[[b]]\t[[[&#1;"),
               "a 9S[ b]] [ [ ");
     EXPECT_EQ(NotationOf("[&#91;<spell>[[</spell>"), "[  left bracket left bracket ");
+}
+
+TEST(NotationText, NeighboursInOneMannerNeedNoSetting) {
+    EXPECT_EQ(NotationOf("<volume level=\"50\">a</volume><volume level=\"50\">b"),
+              "\x01"
+              "50Aab\x01"
+              "100A");
+}
+
+TEST(NotationText, TheFastestAndTheSlowestAreWhatTheSynthesiserCanDo) {
+    EXPECT_EQ(NotationOf("<rate absspeed=\"10\">a<rate absspeed=\"-10\">b"),
+              "\x01"
+              "450Sa\x01"
+              "80Sb\x01"
+              "175S");
+}
+
+TEST(NotationText, PronunciationIsPhonemes) {
+    EXPECT_EQ(NotationOf("a[<pron sym=\"h ay\">b</pron>"), "a[ [[h|aI]] ");
+}
+
+TEST(NotationText, ComparisonsThatStandAloneAreNamed) {
+    EXPECT_EQ(NotationOf("a < b &gt; c <b>"), "a less than b greater than c <b>");
+}
+
+TEST(NotationText, EmptyLineEndsASentence) {
+    EXPECT_EQ(NotationOf("a\r\n \r\nb\nc"), "a    \n\nb c");
+}
+
+TEST(NotationText, WhatIsNoCharacterIsABlank) {
+    EXPECT_EQ(NotationOf("a\x80\xED\xA0\x80\xC2\x85z\xE2\x82\xAC"), "a   z\xE2\x82\xAC");
 }
 
 }  // namespace

@@ -10,13 +10,16 @@
 #include <chrono>
 #include <cmath>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <mutex>
 #include <span>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "engine/audio/pulse_capture.h"
@@ -119,8 +122,19 @@ protected:
         return std::chrono::duration_cast<milliseconds>(to - from);
     }
 
+    /// What a command writes.
+    static std::string Answer(const std::string& command) {
+        std::string answer;
+        if (FILE* pipe = popen(command.c_str(), "r")) {
+            for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe))
+                answer += static_cast<char>(c);
+            pclose(pipe);
+        }
+        return answer;
+    }
+
     Ear ear;
-    Voice voice{"test"};
+    Voice voice{"test", [](const std::function<void()>&) {}};
 };
 
 TEST_F(HeardVoice, IsHeardSoonAndIsDoneWhenItFallsSilent) {
@@ -149,6 +163,65 @@ TEST_F(HeardVoice, PurgeFallsSilent) {
     const auto loud = ear.LoudTimes();
     RecordProperty("last_sound_ms", static_cast<int>(Between(purged, loud.back()).count()));
     EXPECT_LT(Between(purged, loud.back()), 50ms + 2 * kBlock);
+}
+
+TEST_F(HeardVoice, EachWordIsToldWhenItIsHeard) {
+    std::mutex mutex;
+    std::vector<std::pair<steady_clock::time_point, std::function<void()>>> told;
+    Voice teller("test", [&](std::function<void()> message) {
+        const std::lock_guard lock(mutex);
+        told.emplace_back(steady_clock::now(), std::move(message));
+    });
+    teller.SetEventInterests(SVEWordBoundary);
+    std::string text;
+    for (const char* word : {"all", "open", "eyes", "are", "easy", "on", "everyone", "always"})
+        text += std::string(word) + " <silence msec=\"250\"/>";
+    teller.Speak(text, kFlags);
+    ASSERT_TRUE(teller.WaitUntilDone(20'000));
+    ear.CatchUp();
+
+    steady_clock::time_point now;
+    std::vector<steady_clock::time_point> words;
+    teller.Advise({.Word = [&](std::int32_t, const Variant&, std::int32_t,
+                               std::int32_t) { words.push_back(now); },
+                   .EndStream = {},
+                   .AudioLevel = {},
+                   .Bookmark = {}});
+    for (const auto& [at, message] : told) {
+        now = at;
+        message();
+    }
+    std::vector<steady_clock::time_point> onsets;
+    steady_clock::time_point last;
+    for (const auto at : ear.LoudTimes()) {
+        if (at - last > 150ms) onsets.push_back(at);
+        last = at;
+    }
+    ASSERT_EQ(words.size(), 8U);
+    ASSERT_EQ(onsets.size(), words.size());
+    milliseconds worst{0};
+    for (std::size_t i = 0; i < words.size(); ++i)
+        worst = std::max(worst, std::chrono::abs(Between(onsets[i], words[i])));
+    RecordProperty("worst_ms", static_cast<int>(worst.count()));
+    EXPECT_LT(worst, 80ms);
+}
+
+TEST_F(HeardVoice, AHundredPurgesLeaveOneVoice) {
+    for (int i = 0; i < 100; ++i) {
+        voice.Speak("Nobody hears this sentence to its end, number " + std::to_string(i), kFlags);
+        std::this_thread::sleep_for(milliseconds(i % 7));
+    }
+    voice.Speak("", kFlags);
+    EXPECT_TRUE(voice.WaitUntilDone(1000));
+    for (int i = 0; i < 10; ++i) ear.CatchUp();
+    const std::size_t before = ear.LoudTimes().size();
+    const auto begun = steady_clock::now();
+    voice.Speak("goodbye", kFlags);
+    EXPECT_TRUE(voice.WaitUntilDone(2000));
+    EXPECT_LT(steady_clock::now() - begun, 1000ms) << "something else was said too";
+    for (int i = 0; i < 10; ++i) ear.CatchUp();
+    EXPECT_GT(ear.LoudTimes().size(), before);
+    EXPECT_EQ(Answer("pactl list sink-inputs | grep -c 'application.name = \"test\"'"), "1\n");
 }
 
 TEST_F(HeardVoice, SaysTheNewTextAfterAPurge) {
@@ -256,7 +329,7 @@ private:
 };
 
 TEST_F(VoiceAndServer, SoundComesBackWithTheServer) {
-    Voice voice("test");
+    Voice voice("test", [](const std::function<void()>&) {});
     voice.Speak(LongText(), kFlags);
     EXPECT_FALSE(voice.WaitUntilDone(300));
     for (int coming = 0; coming < 2; ++coming) {
@@ -272,9 +345,44 @@ TEST_F(VoiceAndServer, SoundComesBackWithTheServer) {
     EXPECT_TRUE(voice.WaitUntilDone(1000));
 }
 
+TEST_F(VoiceAndServer, TheEndOfTheStreamComesThoughTheServerDies) {
+    server.Start();
+    std::mutex mutex;
+    std::vector<std::function<void()>> messages;
+    Voice voice("test", [&](std::function<void()> message) {
+        const std::lock_guard lock(mutex);
+        messages.push_back(std::move(message));
+    });
+    std::vector<std::int32_t> words;
+    std::vector<std::int32_t> ends;
+    voice.Advise({.Word = [&](std::int32_t stream, const Variant&, std::int32_t,
+                              std::int32_t) { words.push_back(stream); },
+                  .EndStream = [&](std::int32_t stream, const Variant&) { ends.push_back(stream); },
+                  .AudioLevel = {},
+                  .Bookmark = {}});
+    voice.SetEventInterests(SVEWordBoundary + SVEEndInputStream);
+    {
+        Ear ear;
+        voice.Speak("One two three four five six seven eight.", kFlags);
+        ASSERT_TRUE(ear.WaitForSound(200ms));
+    }
+    server.Kill();
+    EXPECT_TRUE(voice.WaitUntilDone(5000));
+    server.Start();
+    {
+        Ear ear;
+        voice.Speak(LongText(), SVSFlagsAsync);
+        EXPECT_TRUE(ear.WaitForSound(200ms)) << "the next text is not heard";
+    }
+    const std::lock_guard lock(mutex);
+    for (const auto& message : messages) message();
+    EXPECT_EQ(std::ranges::count(words, 1), 8);
+    EXPECT_EQ(ends, std::vector<std::int32_t>{1});
+}
+
 TEST_F(VoiceAndServer, ServerThatDoesNotAnswerHoldsNobodyUp) {
     server.Start();
-    Voice voice("test");
+    Voice voice("test", [](const std::function<void()>&) {});
     {
         Ear ear;
         voice.Speak(LongText(), kFlags);

@@ -5,11 +5,17 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cmath>
 #include <cstdlib>
+#include <functional>
 #include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "engine/grammar/letter_to_sound.h"
 #include "engine/voice/synthesizer.h"
+#include "engine/voice/utterance.h"
 #include "platform/error.h"
 #include "support/room.h"
 #include "support/temporary_file.h"
@@ -27,7 +33,7 @@ class UnheardVoice : public ::testing::Test {
 protected:
     void SetUp() override {
         setenv("PULSE_SERVER", "unix:/nowhere/at/all", 1);
-        voice = std::make_unique<Voice>("test");
+        voice = std::make_unique<Voice>("test", [](const std::function<void()>&) {});
         begun = steady_clock::now();
     }
     void TearDown() override { unsetenv("PULSE_SERVER"); }
@@ -133,25 +139,86 @@ TEST_F(UnheardVoice, LetterToSoundGoesOnBesideIt) {
     for (int i = 0; i < 200; ++i) ASSERT_EQ(LetterToSound("corvane"), "K AO R V EY N");
 }
 
+std::vector<std::int16_t> SoundOf(std::string_view text) {
+    std::vector<std::int16_t> sound;
+    for (Utterance utterance(text, true); !utterance.Done();) {
+        const Spoken spoken = utterance.Next();
+        sound.insert(sound.end(), spoken.sound.begin(), spoken.sound.end());
+    }
+    return sound;
+}
+
+double Loudness(const std::vector<std::int16_t>& sound) {
+    double energy = 0;
+    for (const double sample : sound) energy += sample * sample;
+    return std::sqrt(energy / static_cast<double>(sound.size()));
+}
+
 TEST(Synthesis, SilenceIsExact) {
-    Piece piece;
-    piece.silence = 100ms;
-    EXPECT_EQ(Synthesize(piece), std::vector<std::int16_t>(kVoiceRate / 10));
+    EXPECT_EQ(SoundOf("<silence msec=\"100\"/>"), std::vector<std::int16_t>(kVoiceRate / 10));
 }
 
 TEST(Synthesis, AnyTextCanBeSaid) {
     for (const char* text : {"\x01", "\x80\xFF\xC3", "[[[[", "]]", "<", "&", "\xEF\xBF\xBF",
                              "http://example.com/?a=b", "\xF0\x9F\x99\x82", "%s%n"})
-        for (const Piece& piece : CutIntoPieces(PlainText(text))) (void)Synthesize(piece);
+        for (Utterance utterance(text, false); !utterance.Done();) (void)utterance.Next();
 }
 
 TEST(Synthesis, EmphasisDoesNotLeakIntoWhatFollows) {
-    const auto duration = [](const char* text) {
-        return Synthesize(CutIntoPieces(ParseMarkup(text)).at(0)).size();
+    const auto plain = static_cast<double>(SoundOf("what follows is plain").size());
+    EXPECT_GT(static_cast<double>(SoundOf("<emph>what follows is plain</emph>").size()),
+              1.1 * plain);
+    EXPECT_NEAR(static_cast<double>(SoundOf("what follows is plain").size()), plain, 0.05 * plain);
+}
+
+TEST(Synthesis, RateMakesItFasterAndSlower) {
+    const auto duration = [](const char* speed) {
+        return static_cast<double>(SoundOf(std::string("<rate absspeed=\"") + speed +
+                                           "\">The quick brown fox jumps over the dog.</rate>")
+                                       .size());
     };
-    const auto plain = static_cast<double>(duration("what follows is plain"));
-    EXPECT_GT(static_cast<double>(duration("<emph>what follows is plain</emph>")), 1.1 * plain);
-    EXPECT_NEAR(static_cast<double>(duration("what follows is plain")), plain, 0.05 * plain);
+    EXPECT_LT(duration("5"), 0.75 * duration("0"));
+    EXPECT_GT(duration("-5"), 1.3 * duration("0"));
+}
+
+TEST(Synthesis, VolumeMakesItSofterAndSilent) {
+    const double full = Loudness(SoundOf("oh, how loud this is"));
+    EXPECT_NEAR(Loudness(SoundOf("<volume level=\"50\">oh, how loud this is</volume>")), full / 2,
+                full / 8);
+    EXPECT_LT(Loudness(SoundOf("<volume level=\"0\">oh, how loud this is</volume>")), full / 100);
+}
+
+/// The period of a steady vowel, in samples.
+std::size_t PeriodAtPitch(const std::string& pitch) {
+    const auto sound =
+        SoundOf("<pitch absmiddle=\"" + pitch + "\"><pron sym=\"uw uw uw uw uw uw\"/></pitch>");
+    constexpr std::size_t kWindow = 2000;
+    const std::size_t begin = sound.size() / 2 - kWindow / 2;
+    std::size_t best = 0;
+    double best_likeness = 0;
+    for (std::size_t lag = kVoiceRate / 400; lag < kVoiceRate / 40; ++lag) {
+        double likeness = 0;
+        for (std::size_t i = begin; i < begin + kWindow; ++i)
+            likeness += static_cast<double>(sound[i]) * sound[i + lag];
+        // A little more is asked of a longer one: twice a period is as like.
+        if (likeness > 1.1 * best_likeness) {
+            best_likeness = likeness;
+            best = lag;
+        }
+    }
+    return best;
+}
+
+TEST(Synthesis, PitchMakesItHigherAndLower) {
+    EXPECT_LT(PeriodAtPitch("10"), PeriodAtPitch("0"));
+    EXPECT_GT(PeriodAtPitch("-10"), PeriodAtPitch("0"));
+}
+
+TEST(Synthesis, PronunciationTakesThePlaceOfItsContent) {
+    const auto content = SoundOf("This is a rather long text.");
+    const auto said = SoundOf("<pron sym=\"h ay 1\">This is a rather long text.</pron>");
+    EXPECT_GT(Loudness(said), 100);
+    EXPECT_LT(said.size(), content.size() / 2);
 }
 
 TEST(VoiceDeathTest, WithoutVoiceDataNoVoiceIsCreated) {

@@ -5,7 +5,6 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenu>
 #include <QProgressBar>
 #include <QTextEdit>
@@ -13,6 +12,7 @@
 
 #include "linux/text_positions.h"
 #include "linux/windows/keyed_button.h"
+#include "linux/windows/list_widget.h"
 #include "linux/windows/look.h"
 #include "linux/windows/painted_widgets.h"
 #include "linux/windows/picture_view.h"
@@ -20,14 +20,6 @@
 
 namespace corvane::linux_desktop {
 namespace {
-
-QWidget* MakeList(const ControlDescription& control, QWidget& holder) {
-    auto* list = new QListWidget(&holder);
-    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list->addItems(Words(control.text).split(u'\n', Qt::SkipEmptyParts));
-    list->sortItems();
-    return list;
-}
 
 QWidget* MakeLabel(const ControlDescription& control, QWidget& holder, Qt::Alignment alignment) {
     auto* label = new QLabel(Words(control.text), &holder);
@@ -59,6 +51,14 @@ QWidget* MakeLineEdit(const ControlDescription& control, QWidget& holder) {
     return edit;
 }
 
+/// What is marked looks the same wherever the focus is.
+void KeepMarkVisible(QWidget& editor) {
+    QPalette palette = editor.palette();
+    for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
+        palette.setColor(QPalette::Inactive, role, palette.color(QPalette::Active, role));
+    editor.setPalette(palette);
+}
+
 QWidget* MakeEditor(const ControlDescription& control, QWidget& holder) {
     auto* editor = new QTextEdit(&holder);
     editor->setAcceptRichText(false);
@@ -67,6 +67,7 @@ QWidget* MakeEditor(const ControlDescription& control, QWidget& holder) {
                                            ? Qt::ScrollBarAlwaysOn
                                            : Qt::ScrollBarAsNeeded);
     editor->setPlainText(ControlText(control.text));
+    if (!control.hide_selection) KeepMarkVisible(*editor);
     return editor;
 }
 
@@ -88,7 +89,7 @@ QWidget* MakeLine(QWidget& holder) {
 QWidget* MakeWidget(const ControlDescription& control, QWidget& holder, const Pictures& pictures) {
     switch (control.kind) {
         case ControlKind::ListBox:
-            return MakeList(control, holder);
+            return new ListWidget(&holder);  // its peer fills it
         case ControlKind::Frame:
             return new CaptionedFrame(Words(control.text), &holder);
         case ControlKind::PictureBox:

@@ -9,6 +9,7 @@
 #include "linux/windows/control_peers.h"
 #include "linux/windows/control_widgets.h"
 #include "linux/windows/frame.h"
+#include "linux/windows/list_widget.h"
 #include "linux/windows/look.h"
 #include "linux/windows/text_peers.h"
 
@@ -62,6 +63,12 @@ std::unique_ptr<IPicturePeer> QtWindow::AddPicture(const ControlDescription& con
 std::unique_ptr<IButtonPeer> QtWindow::AddButton(const ControlDescription& control,
                                                  ButtonPeerEvents events) {
     return MakeButtonPeer(*Place(control), std::move(events));
+}
+
+std::unique_ptr<IListPeer> QtWindow::AddList(const ControlDescription& control,
+                                             const std::vector<std::string>& items,
+                                             ListPeerEvents events) {
+    return MakeListPeer(*Place(control), items, std::move(events));
 }
 
 void QtWindow::AddMenu(const MenuDescription& menu, std::function<void()> Click) {

@@ -33,6 +33,9 @@ public:
         const ControlDescription& control) override;
     [[nodiscard]] std::unique_ptr<IButtonPeer> AddButton(const ControlDescription& control,
                                                          ButtonPeerEvents events) override;
+    [[nodiscard]] std::unique_ptr<IListPeer> AddList(const ControlDescription& control,
+                                                     const std::vector<std::string>& items,
+                                                     ListPeerEvents events) override;
     void AddMenu(const MenuDescription& menu, std::function<void()> Click) override;
     void Show() override;
     void ShowModal() override;

@@ -9,7 +9,8 @@
 
 namespace corvane::forms {
 
-TextBox::TextBox(Form& form, std::string_view name) : text_(form.Describe(name).text) {
+TextBox::TextBox(Form& form, std::string_view name)
+    : text_(form.Describe(name).text), hide_selection_(form.Describe(name).hide_selection) {
     TextPeerEvents events;
     events.Edited = [this, &form](const std::string& text, std::int32_t start,
                                   std::int32_t length) {
@@ -36,6 +37,12 @@ void TextBox::SetSelStart(Long start) {
     sel_start_ = std::min(start, Len(text_));
     sel_length_ = 0;
     peer_->SetSelection(sel_start_.rep(), 0);
+}
+
+void TextBox::SetSelLength(Long length) {
+    if (length < 0) throw RuntimeError(kInvalidPropertyValue, "Invalid property value");
+    sel_length_ = std::min(length, Len(text_) - sel_start_);
+    peer_->SetSelection(sel_start_.rep(), sel_length_.rep());
 }
 
 void TextBox::TakeEdit(const std::string& text, Long start, Long length) {

@@ -35,6 +35,12 @@ public:
     /// marked afterwards.
     void SetSelStart(Long start);
     [[nodiscard]] Long SelLength() const { return sel_length_; }
+    /// Marks that many characters from SelStart on, or as many as there are; a negative number
+    /// raises kInvalidPropertyValue.
+    void SetSelLength(Long length);
+
+    /// Whether what is marked need not be seen while the focus is elsewhere.
+    [[nodiscard]] bool HideSelection() const { return hide_selection_; }
 
 private:
     void TakeEdit(const std::string& text, Long start, Long length);
@@ -43,6 +49,7 @@ private:
     std::string text_;
     Long sel_start_;
     Long sel_length_;
+    bool hide_selection_;
     std::unique_ptr<ITextPeer> peer_;
 };
 

@@ -68,6 +68,34 @@ const Guard kGuards[] = {
      Effect::EndsTheProcess},
     {"the Clear button", "SetText", [](Desk& desk) { ClickButton(desk, "Command3"); },
      Effect::EndsTheProcess},
+    {"RC_Recognition, a reading", "Speak", [](Desk& desk) { desk.Hear("read whiteboard"); },
+     Effect::PassedOver},
+    {"the command list", "Speak",
+     [](Desk& desk) {
+         desk.desktop.Drive([&] { desk.desktop.windows.DoubleClick("Form2", "List1", "Time"); });
+     },
+     Effect::EndsTheProcess},
+    {"voice_AudioLevel", "SetText",
+     [](Desk& desk) {
+         desk.desktop.record.Heal("SetText");
+         desk.Hear("what time is it");
+         desk.desktop.record.Fail("SetText", kAutomationError);
+         desk.desktop.RunFor(std::chrono::seconds(1));
+     },
+     Effect::EndsTheProcess},
+    {"voice_Word", "SetSelection",
+     [](Desk& desk) {
+         desk.desktop.Drive([&] { desk.desktop.windows.Type("Form2", "Text3", "one"); });
+         ClickButton(desk, "Command2");
+         desk.desktop.RunFor({});
+     },
+     Effect::EndsTheProcess},
+    {"voice_EndStream", "SetSelection",
+     [](Desk& desk) {
+         ClickButton(desk, "Command2");
+         desk.desktop.RunFor({});
+     },
+     Effect::EndsTheProcess},
     {"the help entry", "CreateInternetExplorer", [](Desk& desk) { ClickMenu(desk, "mnuHDoc"); },
      Effect::EndsTheProcess},
 };

@@ -304,7 +304,7 @@ protected:
     forms::Lazy<Form2> form2{
         [this] { return std::make_shared<Form2>(desktop.windows, loop, desktop.runtime); }};
     TextLog log{form2};
-    Speaker speaker{voice, form2};
+    Speaker speaker{voice, form2, desktop.runtime, desktop.clipboard};
     TrayIcon tray{desktop.tray, form2};
     KeywordLauncher launcher{keywords, desktop.runtime};
     RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice, speaker,

@@ -103,6 +103,29 @@ TEST_F(FormsTest, ACaretBeyondTheEndStandsAtTheEndAndANegativeOneIsRefused) {
     EXPECT_EQ(notes->Note.SelStart(), 5);
 }
 
+TEST_F(FormsTest, AMarkBeginsAtTheCaretAndReachesNoFartherThanTheText) {
+    notes->Note.SetSelStart(2);
+    notes->Note.SetSelLength(2);
+    EXPECT_EQ(notes->Note.SelLength(), 2);
+    EXPECT_EQ(Shown().start, 2);
+    EXPECT_EQ(Shown().length, 2);
+    notes->Note.SetSelLength(99);
+    EXPECT_EQ(notes->Note.SelLength(), 3);
+    EXPECT_EQ(Shown().length, 3);
+    EXPECT_ERROR(kInvalidPropertyValue, (notes->Note.SetSelLength(-1), 0));
+    EXPECT_EQ(notes->Note.SelLength(), 3);
+}
+
+TEST_F(FormsTest, ANewCaretOrTextEndsTheMark) {
+    notes->Note.SetSelLength(2);
+    notes->Note.SetSelStart(1);
+    EXPECT_EQ(notes->Note.SelLength(), 0);
+    notes->Note.SetSelLength(2);
+    notes->Note.SetText("second");
+    EXPECT_EQ(notes->Note.SelLength(), 0);
+    EXPECT_EQ(Shown().length, 0);
+}
+
 TEST_F(FormsTest, AnErrorInAPersonsEventEndsTheProcess) {
     notes->mnuDone.Click = [] { throw RuntimeError(kFileNotFound, "File not found"); };
     desktop.Drive([&] { desktop.windows.ClickMenu("Notes", "mnuDone"); });
