@@ -15,7 +15,7 @@ namespace corvane::simulated {
 struct ProcessEnded {};
 
 /// Keys, programs and the process itself. Operations that can be told to fail: SendKeys, Shell,
-/// ExecutableFolder.
+/// ExecutableFolder, MsgBox.
 class SimulatedRuntime final : public ILanguageRuntime {
 public:
     explicit SimulatedRuntime(CallRecord& record);
@@ -24,12 +24,15 @@ public:
     void Shell(const std::string& path, ShellWindowStyle style) override;
     std::string ExecutableFolder() const override;
     char PathSeparator() const override { return '/'; }
-    void MsgBox(const std::string& prompt, MsgBoxStyle style, const std::string& title) override;
+    MsgBoxResult MsgBox(const std::string& prompt, MsgBoxStyle style,
+                        const std::string& title) override;
     void ShowErrorReport(std::int32_t number, const std::string& text) override;
     [[noreturn]] void End() override;
 
-    /// What a person does when a message box stands there; just presses OK at first.
+    /// What a person does while a message box stands there; nothing at first.
     std::function<void()> OnMsgBox = [] {};
+    /// What a person answers to a question; any other message is acknowledged by OK.
+    MsgBoxResult AnswerToQuestions = kYes;
 
     /// Where the program is installed; "/opt/corvane" at first.
     void SetExecutableFolder(std::string folder) { folder_ = std::move(folder); }
