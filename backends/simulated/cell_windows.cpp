@@ -324,6 +324,12 @@ void CellWindows::Type(const std::string& window, const std::string& control,
     shown.events.Edited(shown.text, shown.start, shown.length);
 }
 
+void CellWindows::Erase(const std::string& window, const std::string& control) {
+    ShownText& shown = windows_.at(window)->texts.at(control);
+    shown = {{}, 0, 0, shown.events};
+    shown.events.Edited({}, 0, 0);
+}
+
 void CellWindows::Click(const std::string& window, const std::string& button) {
     const auto shown = windows_.at(window);
     if (!shown->buttons.at(button).enabled) return;

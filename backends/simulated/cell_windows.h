@@ -95,6 +95,9 @@ public:
 
     /// A person puts the caret at the end of a text control and types.
     void Type(const std::string& window, const std::string& control, const std::string& text);
+    /// A person empties a text control.
+    void Erase(const std::string& window, const std::string& control);
+    /// A click on a disabled button does nothing.
     void Click(const std::string& window, const std::string& button);
     /// A person presses Enter in a control that takes no part in it.
     void PressEnter(const std::string& window);

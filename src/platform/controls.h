@@ -207,9 +207,9 @@ struct CalendarDate {
 /// What a calendar looks like, and the day on which it opens. Colours are 0x00BBGGRR.
 struct CalendarDescription {
     CalendarDate date;
-    FontDescription day_font;    ///< the names of the week's days
-    FontDescription grid_font;   ///< the days of the month
-    FontDescription title_font;  ///< month and year
+    FontDescription day_font{};    ///< the names of the week's days
+    FontDescription grid_font{};   ///< the days of the month
+    FontDescription title_font{};  ///< month and year
     std::int32_t grid_colour = 0;
     std::int32_t title_colour = 0;
 };
