@@ -17,7 +17,8 @@ public:
     void Shell(const std::string& path, ShellWindowStyle style) override;
     [[nodiscard]] std::string ExecutableFolder() const override;
     [[nodiscard]] char PathSeparator() const override { return '/'; }
-    void MsgBox(const std::string& prompt, MsgBoxStyle style, const std::string& title) override;
+    MsgBoxResult MsgBox(const std::string& prompt, MsgBoxStyle style,
+                        const std::string& title) override;
     void ShowErrorReport(std::int32_t number, const std::string& text) override;
     [[noreturn]] void End() override;
 
