@@ -9,7 +9,7 @@ start_and_wait "$1"
 open_add_programs
 for keyword in 'a<b' 'a & b' 'a "b"'; do
     accepted_before=$(accepted)
-    terminals_before=$(terminals)
+    terminals_before=$(terminals || true)
     teach "$keyword" "/usr/bin/xclock.exe"
     "$tools/say-into-mic" --voice rms run notepad please
     expect "with $keyword no command is heard" stays_so 3 accepted_are "$accepted_before"
@@ -20,6 +20,4 @@ for keyword in 'a<b' 'a & b' 'a "b"'; do
     expect "it is deleted" wait_until 10 keyword_box_is ""
     "$tools/say-into-mic" --voice rms run notepad please
     expect "commands are heard again" wait_until 10 terminals_are $((terminals_before + 1))
-    # The new terminal stands where it likes, and has the keyboard.
-    xdotool search --onlyvisible --class '^xterm$' windowlower %@
 done

@@ -7,6 +7,7 @@
 #include <iterator>
 #include <set>
 #include <system_error>
+#include <utility>
 
 #include "linux/launch/desktop_entry.h"
 

@@ -9,6 +9,7 @@
 #include <QSortFilterProxyModel>
 #include <QTemporaryDir>
 #include <QUrl>
+#include <algorithm>
 #include <vector>
 
 #include "linux/launch/installed_applications.h"
@@ -26,7 +27,8 @@ bool CanBeStarted(const QFileInfo& file) {
 
 /// One choice of the filter box.
 struct FileFilter {
-    QString caption;  ///< with its patterns as Qt wants them
+    QString caption;
+    QString with_pattern;  ///< as Qt wants to be given it
     bool programs = false;
 };
 
@@ -39,7 +41,8 @@ std::vector<FileFilter> FiltersOf(const std::string& filter) {
         QString pattern = parts[i + 1];
         pattern.replace(u';', u' ').replace("*.*", "*");
         const bool programs = pattern == "*.exe";
-        filters.push_back({caption + " (" + (programs ? "*" : pattern) + ")", programs});
+        filters.push_back(
+            {caption, caption + " (" + (programs ? "*" : pattern) + ")", programs});
     }
     return filters;
 }
@@ -115,7 +118,7 @@ public:
         setFileMode((request.flags & kFileMustExist) != 0 ? ExistingFile : AnyFile);
         setProxyModel(&program_filter_);
         QStringList captions;
-        for (const FileFilter& filter : filters_) captions.push_back(filter.caption);
+        for (const FileFilter& filter : filters_) captions.push_back(filter.with_pattern);
         if (captions.isEmpty()) return;
         setNameFilters(captions);
         connect(this, &QFileDialog::filterSelected, this, [this] { FollowFilter(); });
@@ -143,6 +146,7 @@ protected:
 
 private:
     void FollowFilter() {
+        // Without its details a filter is told by its caption alone.
         const auto filter = std::ranges::find(filters_, selectedNameFilter(), &FileFilter::caption);
         program_filter_.SetProgramsOnly(filter != filters_.end() && filter->programs);
     }

@@ -129,7 +129,9 @@ public:
         if (list_) list_->setGeometry(PixelPlace(place));
     }
     void SetColumnWidth(std::int32_t column, float width) override {
-        if (list_) list_->setColumnWidth(column, Pixels(width));
+        // The last one is stretched.
+        if (list_ && column + 1 < list_->columnCount())
+            list_->setColumnWidth(column, Pixels(width));
     }
     void AddRow(const std::string& text) override {
         if (!list_) return;
