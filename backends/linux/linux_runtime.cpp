@@ -11,6 +11,7 @@
 #include "linux/launch/detached_process.h"
 #include "linux/launch/program_search.h"
 #include "linux/send_keys_notation.h"
+#include "linux/text_positions.h"
 #include "platform/error.h"
 
 namespace corvane::linux_desktop {
@@ -43,14 +44,22 @@ std::string LinuxRuntime::ExecutableFolder() const {
     return executable.parent_path().string();
 }
 
-void LinuxRuntime::MsgBox(const std::string& prompt, MsgBoxStyle /*style*/,
-                          const std::string& title) {
+MsgBoxResult LinuxRuntime::MsgBox(const std::string& prompt, MsgBoxStyle style,
+                                  const std::string& title) {
     QMessageBox box;
     box.setTextFormat(Qt::PlainText);
-    box.setText(QString::fromStdString(prompt));
+    box.setText(ControlText(prompt));
+    if (style == kCritical) box.setIcon(QMessageBox::Critical);
+    if (style == kYesNoQuestion) {
+        box.setIcon(QMessageBox::Question);
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.setEscapeButton(QMessageBox::No);
+    }
     box.setWindowTitle(title.empty() ? QStringLiteral("KT Corvane")
                                      : QString::fromStdString(title));
-    box.exec();
+    const int pressed = box.exec();
+    if (style != kYesNoQuestion) return kOk;
+    return pressed == QMessageBox::Yes ? kYes : kNo;
 }
 
 void LinuxRuntime::ShowErrorReport(std::int32_t number, const std::string& text) {

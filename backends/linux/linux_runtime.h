@@ -20,7 +20,8 @@ public:
     [[nodiscard]] char PathSeparator() const override { return '/'; }
     [[nodiscard]] DateTime Now() const override { return LocalNow(); }
     [[nodiscard]] DateNames LocaleDateNames() const override { return NamesOfLocale(); }
-    void MsgBox(const std::string& prompt, MsgBoxStyle style, const std::string& title) override;
+    MsgBoxResult MsgBox(const std::string& prompt, MsgBoxStyle style,
+                        const std::string& title) override;
     void ShowErrorReport(std::int32_t number, const std::string& text) override;
     [[noreturn]] void End() override;
 

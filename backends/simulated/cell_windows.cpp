@@ -11,6 +11,22 @@
 namespace corvane::simulated {
 namespace {
 
+void MoveFocus(ShownWindow& window, const std::string& control) {
+    const std::string before = std::exchange(window.focus, control);
+    const auto list = window.list_views.find(before);
+    if (list != window.list_views.end() && before != control) list->second.events.LostFocus();
+}
+
+/// The control that a person meets first; empty if nothing takes the focus.
+std::string FirstInTabOrder(const ShownWindow& window) {
+    const ControlDescription* first = nullptr;
+    for (const ControlDescription& control : window.controls)
+        if (control.tab_index != kNoTabStop &&
+            (first == nullptr || control.tab_index < first->tab_index))
+            first = &control;
+    return first == nullptr ? std::string() : std::string(first->name);
+}
+
 /// What all peers share: the window they stand in and their own name.
 template <class Peer>
 class CellControl : public Peer {
@@ -20,7 +36,7 @@ public:
 
     void SetFocus() override {
         record_.Call("SetFocus", name_);
-        window_->focus = name_;
+        MoveFocus(*window_, name_);
     }
 
 protected:
@@ -75,12 +91,100 @@ class CellButton final : public CellControl<IButtonPeer> {
 public:
     using CellControl::CellControl;
     void SetVisible(bool visible) override { window_->buttons.at(name_).visible = visible; }
+    void SetEnabled(bool enabled) override { window_->buttons.at(name_).enabled = enabled; }
+    void SetDefault(bool is_default) override {
+        window_->buttons.at(name_).is_default = is_default;
+    }
 };
+
+class CellCheckBox final : public CellControl<ICheckBoxPeer> {
+public:
+    using CellControl::CellControl;
+    void SetChecked(bool checked) override { window_->check_boxes.at(name_).checked = checked; }
+};
+
+class CellListView final : public CellControl<IListViewPeer> {
+public:
+    using CellControl::CellControl;
+
+    void SetPlace(const ComputedPlace& place) override {
+        record_.Quietly("SetPlace");
+        shown().place = place;
+    }
+    void SetColumnWidth(std::int32_t column, float width) override {
+        record_.Quietly("SetColumnWidth");
+        shown().columns.at(Place(column)) = width;
+    }
+    void AddRow(const std::string& text) override {
+        record_.Quietly("AddRow");
+        shown().rows.emplace_back(shown().columns.size()).front() = text;
+    }
+    void SetCell(std::int32_t row, std::int32_t column, const std::string& text) override {
+        record_.Quietly("SetCell");
+        shown().rows.at(Place(row)).at(Place(column)) = text;
+    }
+    void RemoveRow(std::int32_t row) override {
+        record_.Quietly("RemoveRow");
+        shown().rows.erase(shown().rows.begin() + row);
+        shown().selected = kNoRow;
+    }
+    void RemoveAllRows() override {
+        record_.Quietly("RemoveAllRows");
+        shown().rows.clear();
+        shown().selected = kNoRow;
+    }
+    void SelectRow(std::int32_t row) override {
+        record_.Quietly("SelectRow");
+        shown().selected = row;
+    }
+    void BringIntoView(std::int32_t row) override {
+        record_.Quietly("BringIntoView");
+        shown().brought_into_view = row;
+    }
+    void SetHideSelection(bool hide) override {
+        record_.Quietly("SetHideSelection");
+        shown().hide_selection = hide;
+    }
+
+private:
+    [[nodiscard]] ShownListView& shown() const { return window_->list_views.at(name_); }
+    static std::size_t Place(std::int32_t index) { return static_cast<std::size_t>(index); }
+};
+
+class CellCalendar final : public CellControl<ICalendarPeer> {
+public:
+    using CellControl::CellControl;
+
+    void SetPlace(const ComputedPlace& place) override {
+        record_.Quietly("SetPlace");
+        window_->calendars.at(name_).place = place;
+    }
+    void SetDate(const CalendarDate& date) override {
+        record_.Quietly("SetDate");
+        window_->calendars.at(name_).date = date;
+    }
+};
+
+ComputedPlace Computed(const TwipsRect& place) {
+    return {static_cast<float>(place.left), static_cast<float>(place.top),
+            static_cast<float>(place.width), static_cast<float>(place.height)};
+}
+
+WindowSize WithFrame(int client_width, int client_height) {
+    constexpr int kFrame = 60;
+    constexpr int kTitleBar = 285;
+    return {client_width, client_height, client_width + 2 * kFrame,
+            client_height + 2 * kFrame + kTitleBar};
+}
 
 class CellWindow final : public IWindowPeer {
 public:
-    CellWindow(CallRecord& record, VirtualQueue& queue, std::shared_ptr<ShownWindow> window)
-        : record_(record), queue_(queue), window_(std::move(window)) {}
+    CellWindow(CellWindows& windows, CallRecord& record, VirtualQueue& queue,
+               std::shared_ptr<ShownWindow> window)
+        : windows_(windows), record_(record), queue_(queue), window_(std::move(window)) {}
+    ~CellWindow() override { window_->visible = false; }
+    CellWindow(const CellWindow&) = delete;
+    CellWindow& operator=(const CellWindow&) = delete;
 
     void AddFixture(const ControlDescription& control) override {
         window_->controls.push_back(control);
@@ -110,7 +214,8 @@ public:
 
     std::unique_ptr<IButtonPeer> AddButton(const ControlDescription& control,
                                            ButtonPeerEvents events) override {
-        window_->buttons[std::string(control.name)] = {true, std::move(events)};
+        window_->buttons[std::string(control.name)] = {true, control.enabled, false,
+                                                       std::move(events)};
         return Place<CellButton>(control);
     }
 
@@ -119,6 +224,28 @@ public:
                                        ListPeerEvents events) override {
         window_->lists[std::string(control.name)] = {items, -1, std::move(events)};
         return Place<CellList>(control);
+    std::unique_ptr<ICheckBoxPeer> AddCheckBox(const ControlDescription& control,
+                                               CheckBoxPeerEvents events) override {
+        window_->check_boxes[std::string(control.name)] = {control.checked, std::move(events)};
+        return Place<CellCheckBox>(control);
+    }
+
+    std::unique_ptr<IListViewPeer> AddListView(const ControlDescription& control,
+                                               ListViewPeerEvents events) override {
+        ShownListView& shown = window_->list_views[std::string(control.name)];
+        const auto parts = std::ranges::count(control.text, '\n');
+        shown.columns.resize(static_cast<std::size_t>(parts) + 1);
+        shown.place = Computed(control.place);
+        shown.events = std::move(events);
+        return Place<CellListView>(control);
+    }
+
+    std::unique_ptr<ICalendarPeer> AddCalendar(const ControlDescription& control,
+                                               const CalendarDescription& calendar,
+                                               CalendarPeerEvents events) override {
+        window_->calendars[std::string(control.name)] = {
+            calendar, calendar.date, Computed(control.place), std::move(events)};
+        return Place<CellCalendar>(control);
     }
 
     void AddMenu(const MenuDescription& menu, std::function<void()> Click) override {
@@ -129,6 +256,7 @@ public:
     void Show() override {
         record_.Call("Show", Name());
         window_->visible = true;
+        if (window_->focus.empty()) window_->focus = FirstInTabOrder(*window_);
     }
 
     void ShowModal() override {
@@ -147,6 +275,15 @@ public:
     }
 
     void SetBorderStyle(BorderStyle style) override { window_->border = style; }
+    WindowSize Size() const override { return window_->size; }
+
+    std::optional<std::string> AskForFile(const FileDialogRequest& request) override {
+        record_.Call("AskForFile", "\"" + request.title + "\" " + request.filter + " " +
+                                       std::to_string(request.filter_index) + " " +
+                                       std::to_string(request.flags));
+        return windows_.OnFileDialog();
+    }
+
     HWND hWnd() const override { return window_->handle; }
     HICON hIcon() const override { return kIcon; }
 
@@ -161,6 +298,7 @@ private:
         return std::make_unique<Control>(record_, window_, control.name);
     }
 
+    CellWindows& windows_;
     CallRecord& record_;
     VirtualQueue& queue_;
     std::shared_ptr<ShownWindow> window_;
@@ -173,13 +311,14 @@ CellWindows::CellWindows(CallRecord& record, VirtualQueue& queue)
 
 std::unique_ptr<IWindowPeer> CellWindows::CreateWindow(const WindowDescription& description,
                                                        WindowPeerEvents events) {
-    constexpr HWND kFirstHandle = 4001;
     auto window = std::make_shared<ShownWindow>();
     window->description = description;
-    window->handle = kFirstHandle + static_cast<HWND>(windows_.size());
+    window->border = description.border;
+    window->handle = next_handle_++;
+    window->size = WithFrame(description.client_width, description.client_height);
     window->events = std::move(events);
     windows_[std::string(description.name)] = window;
-    return std::make_unique<CellWindow>(record_, queue_, window);
+    return std::make_unique<CellWindow>(*this, record_, queue_, window);
 }
 
 const ShownWindow& CellWindows::Window(const std::string& window) const {
@@ -214,8 +353,70 @@ void CellWindows::DoubleClickBelow(const std::string& window, const std::string&
     windows_.at(window)->lists.at(list).events.DblClick();
 }
 
+void CellWindows::Erase(const std::string& window, const std::string& control) {
+    ShownText& shown = windows_.at(window)->texts.at(control);
+    shown = {{}, 0, 0, shown.events};
+    shown.events.Edited({}, 0, 0);
+}
+
 void CellWindows::Click(const std::string& window, const std::string& button) {
-    windows_.at(window)->buttons.at(button).events.Click();
+    const auto shown = windows_.at(window);
+    if (!shown->buttons.at(button).enabled) return;
+    Focus(window, button);
+    shown->buttons.at(button).events.Click();
+}
+
+void CellWindows::PressEnter(const std::string& window) {
+    const auto shown = windows_.at(window);
+    for (const auto& [name, button] : shown->buttons)
+        if (button.is_default && button.enabled) return button.events.Click();
+}
+
+void CellWindows::Check(const std::string& window, const std::string& check_box, bool checked) {
+    const auto shown = windows_.at(window);
+    Focus(window, check_box);
+    shown->check_boxes.at(check_box).checked = checked;
+    shown->check_boxes.at(check_box).events.Click(checked);
+}
+
+void CellWindows::ClickRow(const std::string& window, const std::string& list, std::int32_t row) {
+    const auto shown = windows_.at(window);
+    Focus(window, list);
+    if (row != kNoRow) shown->list_views.at(list).selected = row;
+    shown->list_views.at(list).events.Click(row);
+}
+
+void CellWindows::DoubleClickRow(const std::string& window, const std::string& list,
+                                 std::int32_t row) {
+    const auto shown = windows_.at(window);
+    ClickRow(window, list, row);
+    // The second press marks the row again, wherever the first one has led.
+    if (row != kNoRow) shown->list_views.at(list).selected = row;
+    shown->list_views.at(list).events.DblClick(row);
+}
+
+void CellWindows::MoveToRow(const std::string& window, const std::string& list, std::int32_t row) {
+    const auto shown = windows_.at(window);
+    Focus(window, list);
+    shown->list_views.at(list).selected = row;
+    shown->list_views.at(list).events.Select(row);
+}
+
+void CellWindows::Focus(const std::string& window, const std::string& control) {
+    MoveFocus(*windows_.at(window), control);
+}
+
+void CellWindows::Choose(const std::string& window, const std::string& calendar,
+                         const CalendarDate& date) {
+    const auto shown = windows_.at(window);
+    shown->calendars.at(calendar).date = date;
+    shown->calendars.at(calendar).events.Chosen(date);
+}
+
+void CellWindows::Resize(const std::string& window, int client_width, int client_height) {
+    const auto shown = windows_.at(window);
+    shown->size = WithFrame(client_width, client_height);
+    shown->events.Resized(shown->size);
 }
 
 void CellWindows::StrikeOn(const std::string& window, const std::string& button,

@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,7 +30,31 @@ struct ShownList {
 
 struct ShownButton {
     bool visible = true;
+    bool enabled = true;
+    bool is_default = false;
     ButtonPeerEvents events;
+};
+
+struct ShownCheckBox {
+    bool checked = false;
+    CheckBoxPeerEvents events;
+};
+
+struct ShownListView {
+    std::vector<std::vector<std::string>> rows;  // cells
+    std::vector<float> columns;                  // widths in twips
+    std::int32_t selected = kNoRow;
+    bool hide_selection = true;
+    std::int32_t brought_into_view = kNoRow;  // the last one that was
+    ComputedPlace place;
+    ListViewPeerEvents events;
+};
+
+struct ShownCalendar {
+    CalendarDescription look;
+    CalendarDate date;
+    ComputedPlace place;
+    CalendarPeerEvents events;
 };
 
 /// A window as a person sees it. Controls are found by their names.
@@ -42,12 +67,16 @@ struct ShownWindow {
     WindowDescription description;
     BorderStyle border = BorderStyle::FixedSingle;
     HWND handle = 0;
+    WindowSize size;
     std::string focus;                         // the control that has it
     std::vector<ControlDescription> controls;  // in order of creation
     std::vector<MenuDescription> menus;
     ByName<ShownText> texts;
     ByName<ShownList> lists;
     ByName<ShownButton> buttons;
+    ByName<ShownCheckBox> check_boxes;
+    ByName<ShownListView> list_views;
+    ByName<ShownCalendar> calendars;
     ByName<std::int32_t> ranges;
     ByName<std::string> captions;
     ByName<std::string> pictures;
@@ -55,7 +84,10 @@ struct ShownWindow {
     WindowPeerEvents events;
 };
 
-/// A toolkit of windows in memory, and the hands of the person in front of them.
+/// A toolkit of windows in memory, and the hands of the person in front of them. The desktop's frame
+/// around a window is 60 twips wide, its title bar 285 twips high. Operations that can be told to
+/// fail: Show, ShowModal, Hide, SetFocus, SetText, SetSelection, SetPlace, AddRow, SetCell, RemoveRow,
+/// SelectRow, SetDate, AskForFile.
 class CellWindows final : public IWindowToolkit {
 public:
     /// `queue` runs while a window is modal.
@@ -76,7 +108,28 @@ public:
     void DoubleClick(const std::string& window, const std::string& list, const std::string& item);
     /// A person double-clicks below the items of a list, which selects nothing else.
     void DoubleClickBelow(const std::string& window, const std::string& list);
+    /// A person empties a text control.
+    void Erase(const std::string& window, const std::string& control);
+    /// A click on a disabled button does nothing.
     void Click(const std::string& window, const std::string& button);
+    /// A person presses Enter in a control that takes no part in it.
+    void PressEnter(const std::string& window);
+    void Check(const std::string& window, const std::string& check_box, bool checked);
+    /// A person clicks on a row of a list, or beside the rows with kNoRow; the list then has the
+    /// focus.
+    void ClickRow(const std::string& window, const std::string& list, std::int32_t row);
+    /// A double click, which is a click first.
+    void DoubleClickRow(const std::string& window, const std::string& list, std::int32_t row);
+    /// A person moves the selection with the arrow keys.
+    void MoveToRow(const std::string& window, const std::string& list, std::int32_t row);
+    /// A person gives a control of the window the focus.
+    void Focus(const std::string& window, const std::string& control);
+    /// A person chooses a day, month or year on a calendar.
+    void Choose(const std::string& window, const std::string& calendar, const CalendarDate& date);
+    /// A person gives a sizable window another client area, in twips.
+    void Resize(const std::string& window, int client_width, int client_height);
+    /// What a person answers when asked for a file; cancels at first.
+    std::function<std::optional<std::string>()> OnFileDialog = [] { return std::nullopt; };
     /// A person gives a button the focus and strikes a key of that code.
     void StrikeOn(const std::string& window, const std::string& button, std::int16_t code);
     void ClickMenu(const std::string& window, const std::string& menu);
@@ -86,6 +139,7 @@ private:
     CallRecord& record_;
     VirtualQueue& queue_;
     std::map<std::string, std::shared_ptr<ShownWindow>> windows_;
+    HWND next_handle_ = 4001;
 };
 
 }  // namespace corvane::simulated

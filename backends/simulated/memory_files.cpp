@@ -63,6 +63,13 @@ std::unique_ptr<ITextStream> MemoryFiles::CreateTextFile(const std::string& path
     return std::make_unique<MemoryStream>(record_, files_.at(path));
 }
 
+std::int64_t MemoryFiles::FileLen(const std::string& path) {
+    record_.Quietly("FileLen");
+    const auto file = files_.find(path);
+    if (file == files_.end()) throw RuntimeError(kFileNotFound, "File not found: " + path);
+    return static_cast<std::int64_t>(file->second->size());
+}
+
 void MemoryFiles::DeleteFile(const std::string& path) {
     record_.Call("DeleteFile", path);
     if (files_.erase(path) == 0) throw RuntimeError(kFileNotFound, "File not found: " + path);

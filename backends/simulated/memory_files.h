@@ -20,6 +20,7 @@ public:
     std::unique_ptr<ITextStream> OpenTextFile(const std::string& path, IOMode mode,
                                               bool create) override;
     std::unique_ptr<ITextStream> CreateTextFile(const std::string& path, bool overwrite) override;
+    std::int64_t FileLen(const std::string& path) override;
     void DeleteFile(const std::string& path) override;
 
     /// The bytes of a file; nothing when there is none.

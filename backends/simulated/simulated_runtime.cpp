@@ -49,10 +49,11 @@ std::string SimulatedRuntime::ExecutableFolder() const {
     return folder_;
 }
 
-void SimulatedRuntime::MsgBox(const std::string& prompt, MsgBoxStyle style,
-                              const std::string& title) {
+MsgBoxResult SimulatedRuntime::MsgBox(const std::string& prompt, MsgBoxStyle style,
+                                      const std::string& title) {
     record_.Call("MsgBox", "\"" + prompt + "\" " + std::to_string(style) + " \"" + title + "\"");
     OnMsgBox();
+    return style == kYesNoQuestion ? AnswerToQuestions : kOk;
 }
 
 void SimulatedRuntime::ShowErrorReport(std::int32_t number, const std::string& text) {

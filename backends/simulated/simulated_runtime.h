@@ -16,7 +16,7 @@ namespace corvane::simulated {
 struct ProcessEnded {};
 
 /// Keys, programs, the date and the process itself. Operations that can be told to fail: SendKeys,
-/// Shell, ExecutableFolder, Now.
+/// Shell, ExecutableFolder, Now, MsgBox.
 class SimulatedRuntime final : public ILanguageRuntime {
 public:
     /// `elapsed` tells the virtual time.
@@ -28,12 +28,15 @@ public:
     char PathSeparator() const override { return '/'; }
     DateTime Now() const override;
     DateNames LocaleDateNames() const override { return date_names_; }
-    void MsgBox(const std::string& prompt, MsgBoxStyle style, const std::string& title) override;
+    MsgBoxResult MsgBox(const std::string& prompt, MsgBoxStyle style,
+                        const std::string& title) override;
     void ShowErrorReport(std::int32_t number, const std::string& text) override;
     [[noreturn]] void End() override;
 
-    /// What a person does when a message box stands there; just presses OK at first.
+    /// What a person does while a message box stands there; nothing at first.
     std::function<void()> OnMsgBox = [] {};
+    /// What a person answers to a question; any other message is acknowledged by OK.
+    MsgBoxResult AnswerToQuestions = kYes;
 
     /// What else happens in the desktop's programs when keys reach them.
     std::function<void(const std::string& keys)> OnSendKeys = [](const std::string&) {};

@@ -14,8 +14,11 @@ Application::Application(const Platform& platform)
     : platform_(platform),
       loop_(platform.messages, platform.runtime),
       keywords_(platform.files, paths_),
+      grammar_(platform.files, paths_),
       recogniser_(platform.speech, voice_),
+      form1_([this] { return CreateForm1(); }),
       form2_([this] { return CreateForm2(); }),
+      form3_([this] { return CreateForm3(); }),
       form4_([this] { return CreateForm4(); }),
       speaker_(voice_, form2_, platform.runtime, platform.clipboard),
       voice_feedback_(voice_, form2_),
@@ -25,7 +28,7 @@ Application::Application(const Platform& platform)
       log_(form2_),
       launcher_(keywords_, platform.runtime),
       dispatch_(platform.runtime, paths_, recogniser_, voice_, speaker_, launcher_, form2_, tray_,
-                log_),
+                log_, keywords_, form1_, form3_),
       feedback_(recogniser_, form2_, log_),
       startup_(loop_, platform.runtime, platform.speech, paths_, keywords_, recogniser_, voice_,
                speaker_, form2_, form4_) {
@@ -38,6 +41,15 @@ void Application::Run() {
     loop_.Run();
 }
 
+std::shared_ptr<Form1> Application::CreateForm1() {
+    auto form = std::make_shared<Form1>(
+        platform_.windows, loop_,
+        Form1::Parts{platform_.runtime, platform_.files, paths_, keywords_, grammar_,
+                     [this](const std::string& file) { recogniser_.init_rec(file); }});
+    form->Closed = [this] { form1_.LetGo(); };
+    return form;
+}
+
 std::shared_ptr<Form2> Application::CreateForm2() {
     auto form = std::make_shared<Form2>(platform_.windows, loop_, platform_.runtime);
     form->Load = [this] { startup_.Form2_Load(); };
@@ -48,6 +60,13 @@ std::shared_ptr<Form2> Application::CreateForm2() {
     form->mnuAbout.Click = [this] { form4_->ShowModal(); };
     form->List1.DblClick = [this] { command_help_.List1_DblClick(); };
     form->Command2.Click = [this] { speaker_.ReadWhiteboard(); };
+    return form;
+}
+
+std::shared_ptr<Form3> Application::CreateForm3() {
+    auto form = std::make_shared<Form3>(platform_.windows, loop_, platform_.speech);
+    form->CalendarGrammarFile = paths_.CalendarXmlPath;
+    form->Closed = [this] { form3_.LetGo(); };
     return form;
 }
 

@@ -3,13 +3,16 @@
 
 #include <memory>
 
+#include "calendar/form3.h"
 #include "core/recogniser.h"
 #include "core/recognition_dispatch.h"
 #include "core/recognition_feedback.h"
 #include "core/startup.h"
 #include "core/text_log.h"
 #include "desktop/keyword_launcher.h"
+#include "grammar/command_grammar.h"
 #include "grammar/data_paths.h"
+#include "grammar/form1.h"
 #include "grammar/keyword_store.h"
 #include "platform/platform.h"
 #include "runtime/forms/form.h"
@@ -36,7 +39,9 @@ public:
     void Run();
 
 private:
+    [[nodiscard]] std::shared_ptr<Form1> CreateForm1();
     [[nodiscard]] std::shared_ptr<Form2> CreateForm2();
+    [[nodiscard]] std::shared_ptr<Form3> CreateForm3();
     [[nodiscard]] std::shared_ptr<Form4> CreateForm4();
     void BindRecogniser();
     void BindVoice();
@@ -46,8 +51,11 @@ private:
     DataPaths paths_;
     Nullable<ISpeechVoice> voice_;
     KeywordStore keywords_;
+    CommandGrammar grammar_;
     Recogniser recogniser_;
+    forms::Lazy<Form1> form1_;
     forms::Lazy<Form2> form2_;
+    forms::Lazy<Form3> form3_;
     forms::Lazy<Form4> form4_;
     Speaker speaker_;
     VoiceFeedback voice_feedback_;

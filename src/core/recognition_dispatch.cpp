@@ -24,6 +24,15 @@ struct RuleTable {
         step([&] { self.runtime_.SendKeys(keys, true); });
     }
 
+    // The lists are those of the file as it is; what the person then changes reaches them from there.
+    static void ShowAddPrograms(Dispatch& self, const ResumeNext& step) {
+        KeywordStore& keywords = self.keywords_;
+        step([&] { self.add_programs_->Show(); });
+        step([&] { self.recogniser_.init_rec(self.paths_.KeywordsXmlPath); });
+        step([&] { keywords.KeywordNames = keywords.LoadKeywordNames(); });
+        step([&] { keywords.KeywordPaths = keywords.LoadKeywordPaths(); });
+    }
+
     static constexpr std::array kRows = std::to_array<Row>({
         {"hide corvane", [](auto& self, auto& step) { step([&] { self.tray_.HideToTray(); }); }},
         {"show corvane", [](auto& self, auto& step) { step([&] { self.tray_.ShowFromTray(); }); }},
@@ -33,6 +42,8 @@ struct RuleTable {
         {"no", [](auto& self, auto& step) { Type(self, step, "n"); }},
         {"cancel", [](auto& self, auto& step) { Type(self, step, "{ESC}"); }},
         {"okay", [](auto& self, auto& step) { Type(self, step, "{ENTER}"); }},
+        {"add programs", ShowAddPrograms},
+        {"calendar", [](auto& self, auto& step) { step([&] { self.calendar_->Show(); }); }},
         {"the date", [](auto& self, auto& step) { step([&] { self.speaker_.SayDate(); }); }},
         {"the time", [](auto& self, auto& step) { step([&] { self.speaker_.SayTime(); }); }},
         {"clean whiteboard",
@@ -67,7 +78,9 @@ RecognitionDispatch::RecognitionDispatch(ILanguageRuntime& runtime, const DataPa
                                          Recogniser& recogniser, Nullable<ISpeechVoice>& voice,
                                          Speaker& speaker, const KeywordLauncher& launcher,
                                          forms::Lazy<Form2>& main_window, TrayIcon& tray,
-                                         TextLog& log)
+                                         TextLog& log, KeywordStore& keywords,
+                                         forms::Lazy<Form1>& add_programs,
+                                         forms::Lazy<Form3>& calendar)
     : runtime_(runtime),
       paths_(paths),
       recogniser_(recogniser),
@@ -76,7 +89,10 @@ RecognitionDispatch::RecognitionDispatch(ILanguageRuntime& runtime, const DataPa
       launcher_(launcher),
       main_window_(main_window),
       tray_(tray),
-      log_(log) {}
+      log_(log),
+      keywords_(keywords),
+      add_programs_(add_programs),
+      calendar_(calendar) {}
 
 void RecognitionDispatch::RC_Recognition(Long StreamNumber, const Variant& StreamPosition,
                                          Long /*RecognitionType*/, ISpeechRecoResult& Result) {

@@ -3,10 +3,13 @@
 
 #include <string>
 
+#include "calendar/form3.h"
 #include "core/recogniser.h"
 #include "core/text_log.h"
 #include "desktop/keyword_launcher.h"
 #include "grammar/data_paths.h"
+#include "grammar/form1.h"
+#include "grammar/keyword_store.h"
 #include "platform/language_runtime.h"
 #include "platform/speech_api.h"
 #include "runtime/forms/form.h"
@@ -24,7 +27,8 @@ public:
     RecognitionDispatch(ILanguageRuntime& runtime, const DataPaths& paths, Recogniser& recogniser,
                         Nullable<ISpeechVoice>& voice, Speaker& speaker,
                         const KeywordLauncher& launcher, forms::Lazy<Form2>& main_window,
-                        TrayIcon& tray, TextLog& log);
+                        TrayIcon& tray, TextLog& log, KeywordStore& keywords,
+                        forms::Lazy<Form1>& add_programs, forms::Lazy<Form3>& calendar);
 
     /// The handler of the recogniser's final event. It never raises.
     void RC_Recognition(Long StreamNumber, const Variant& StreamPosition, Long RecognitionType,
@@ -42,6 +46,9 @@ private:
     forms::Lazy<Form2>& main_window_;
     TrayIcon& tray_;
     TextLog& log_;
+    KeywordStore& keywords_;
+    forms::Lazy<Form1>& add_programs_;
+    forms::Lazy<Form3>& calendar_;
 };
 
 }  // namespace corvane

@@ -46,6 +46,9 @@ public:
     [[nodiscard]] virtual std::unique_ptr<ITextStream> CreateTextFile(const std::string& path,
                                                                       bool overwrite) = 0;
 
+    /// Length of a file in bytes; raises kFileNotFound when there is none.
+    [[nodiscard]] virtual std::int64_t FileLen(const std::string& path) = 0;
+
     /// Removes a file; raises kFileNotFound when there is none, kPermissionDenied when it may not.
     virtual void DeleteFile(const std::string& path) = 0;
 };

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -40,6 +41,10 @@ enum class ControlKind {
     RichTextBox,
     ProgressBar,    ///< 0 to 100
     CommandButton,  ///< "&" in its caption stands in front of its access key
+    CheckBox,
+    ListView,      ///< rows under column headers; `text` is the headers, parted by LF
+    Calendar,      ///< one month of a year, a day of it marked
+    CommonDialog,  ///< nothing to see until it is shown
     Line,           ///< from left, top to left + width, top + height
 };
 
@@ -63,6 +68,9 @@ struct ControlDescription {
     std::string_view role = {};  ///< what it shows, in words, for people who do not see it
     /// Of a text of several lines: false if what is marked in it can be seen wherever the focus is.
     bool hide_selection = true;
+    std::string_view picture = {};  ///< of a button: stands above its caption
+    bool enabled = true;            ///< of a button, at first
+    bool checked = false;           ///< of a check box, at first
 };
 
 struct MenuDescription {
@@ -71,7 +79,7 @@ struct MenuDescription {
     std::string_view menu = {};  ///< name of the menu that holds it; empty: it is a menu of the bar
 };
 
-enum class BorderStyle { None = 0, FixedSingle = 1 };
+enum class BorderStyle { None = 0, FixedSingle = 1, Sizable = 2 };
 
 enum class StartPosition { SystemDefault, CentreOfScreen };
 
@@ -83,6 +91,22 @@ struct WindowDescription {
     std::span<const ControlDescription> controls;
     StartPosition position = StartPosition::SystemDefault;
     bool white_background = false;  ///< otherwise the system's colour of windows
+    BorderStyle border = BorderStyle::FixedSingle;
+};
+
+/// In twips. The outer size includes the frame that the desktop draws; before the desktop has drawn
+/// it, it may be the client area's alone.
+struct WindowSize {
+    int client_width = 0, client_height = 0;
+    int outer_width = 0, outer_height = 0;
+    friend bool operator==(const WindowSize&, const WindowSize&) = default;
+};
+
+/// Where the system has put a control in its window, in twips. Between two pixels the nearer one is
+/// meant.
+struct ComputedPlace {
+    float left = 0, top = 0, width = 0, height = 0;
+    friend bool operator==(const ComputedPlace&, const ComputedPlace&) = default;
 };
 
 class IControlPeer {
@@ -128,6 +152,106 @@ struct ListPeerEvents {
 class IButtonPeer : public IControlPeer {
 public:
     virtual void SetVisible(bool visible) = 0;
+    /// A disabled button takes no clicks, no keys and no focus.
+    virtual void SetEnabled(bool enabled) = 0;
+    /// Enter presses the default button wherever the focus is, but for other buttons and texts of
+    /// several lines.
+    virtual void SetDefault(bool is_default) = 0;
+};
+
+class ICheckBoxPeer : public IControlPeer {
+public:
+    virtual void SetChecked(bool checked) = 0;
+};
+
+struct CheckBoxPeerEvents {
+    /// A person has turned the mark on or off. Never called for what the system itself set.
+    std::function<void(bool checked)> Click;
+};
+
+class IMovablePeer : public IControlPeer {
+public:
+    virtual void SetPlace(const ComputedPlace& place) = 0;
+};
+
+inline constexpr std::int32_t kNoRow = -1;
+
+/// Rows and columns count from 0; whoever calls keeps within what is there.
+class IListViewPeer : public IMovablePeer {
+public:
+    /// In twips. The last column takes whatever room is left.
+    virtual void SetColumnWidth(std::int32_t column, float width) = 0;
+    /// Puts a row behind the others, empty but for its first column.
+    virtual void AddRow(const std::string& text) = 0;
+    virtual void SetCell(std::int32_t row, std::int32_t column, const std::string& text) = 0;
+    virtual void RemoveRow(std::int32_t row) = 0;
+    virtual void RemoveAllRows() = 0;
+    /// Marks that row in place of any other; kNoRow marks none.
+    virtual void SelectRow(std::int32_t row) = 0;
+    virtual void BringIntoView(std::int32_t row) = 0;
+    /// Whether the mark is out of sight while the list does not have the focus.
+    virtual void SetHideSelection(bool hide) = 0;
+};
+
+/// What a person does with a list; `row` is the one that is marked by it, kNoRow when the mark
+/// stays where it is. A double click is told as a click and then as a double click.
+struct ListViewPeerEvents {
+    std::function<void(std::int32_t row)> Click;
+    std::function<void(std::int32_t row)> DblClick;
+    /// The mark was moved by keys.
+    std::function<void(std::int32_t row)> Select;
+    /// The focus has gone to another control of the window.
+    std::function<void()> LostFocus;
+};
+
+struct FontDescription {
+    std::string_view family;
+    double points = 8.25;
+    bool bold = false;
+};
+
+/// A day of a month that has it; year 1900 to 2100, month and day from 1.
+struct CalendarDate {
+    int year = 1900, month = 1, day = 1;
+    friend bool operator==(const CalendarDate&, const CalendarDate&) = default;
+};
+
+/// What a calendar looks like, and the day on which it opens. Colours are 0x00BBGGRR.
+struct CalendarDescription {
+    CalendarDate date;
+    FontDescription day_font{};    ///< the names of the week's days
+    FontDescription grid_font{};   ///< the days of the month
+    FontDescription title_font{};  ///< month and year
+    std::int32_t grid_colour = 0;
+    std::int32_t title_colour = 0;
+};
+
+class ICalendarPeer : public IMovablePeer {
+public:
+    /// Shows the month of that day and marks the day.
+    virtual void SetDate(const CalendarDate& date) = 0;
+};
+
+struct CalendarPeerEvents {
+    /// A person has chosen another day, month or year. Never called for what the system itself set.
+    std::function<void(const CalendarDate& date)> Chosen;
+};
+
+/// How a person is asked for a file. Named after the common dialog's own numbers.
+enum FileDialogFlags : std::int32_t {
+    kOverwritePrompt = 2,
+    kPathMustExist = 2048,
+    kFileMustExist = 4096,
+    kNoReadOnlyReturn = 32768,
+};
+
+struct FileDialogRequest {
+    std::string title;
+    /// Captions and patterns in turn, parted by "|". The pattern "*.exe" stands for whatever can be
+    /// started here, installed applications included.
+    std::string filter;
+    std::int32_t filter_index = 1;  ///< the filter that is on at first; counts from 1
+    std::int32_t flags = 0;         ///< a sum of FileDialogFlags
 };
 
 struct ButtonPeerEvents {
@@ -164,6 +288,13 @@ public:
     [[nodiscard]] virtual std::unique_ptr<IListPeer> AddList(const ControlDescription& control,
                                                              const std::vector<std::string>& items,
                                                              ListPeerEvents events) = 0;
+    [[nodiscard]] virtual std::unique_ptr<ICheckBoxPeer> AddCheckBox(
+        const ControlDescription& control, CheckBoxPeerEvents events) = 0;
+    [[nodiscard]] virtual std::unique_ptr<IListViewPeer> AddListView(
+        const ControlDescription& control, ListViewPeerEvents events) = 0;
+    [[nodiscard]] virtual std::unique_ptr<ICalendarPeer> AddCalendar(
+        const ControlDescription& control, const CalendarDescription& calendar,
+        CalendarPeerEvents events) = 0;
     /// `Click` is called when a person chooses the entry; it may be empty.
     virtual void AddMenu(const MenuDescription& menu, std::function<void()> Click) = 0;
 
@@ -175,6 +306,14 @@ public:
     virtual void Hide() = 0;
     /// May be called while the window is shown.
     virtual void SetBorderStyle(BorderStyle style) = 0;
+    [[nodiscard]] virtual WindowSize Size() const = 0;
+
+    /// Asks a person for a file to open, modal: messages run meanwhile. The full path that was
+    /// chosen, and nothing if the person has cancelled. With a filter "*.exe" on, what can be
+    /// started is named with ".exe" at its end, in the way in which ILanguageRuntime::Shell takes
+    /// it.
+    [[nodiscard]] virtual std::optional<std::string> AskForFile(
+        const FileDialogRequest& request) = 0;
 
     [[nodiscard]] virtual HWND hWnd() const = 0;
     /// The program's icon, which every window bears.
@@ -183,6 +322,8 @@ public:
 
 struct WindowPeerEvents {
     std::function<void()> CloseRequested;  ///< a person closes the window by its frame
+    /// The size has become another one while the window was shown.
+    std::function<void(const WindowSize& size)> Resized{};
 };
 
 class IWindowToolkit {

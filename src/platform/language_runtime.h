@@ -14,7 +14,14 @@ namespace corvane {
 /// Window style of a started program.
 enum ShellWindowStyle : std::int32_t { kNormalFocus = 1 };
 
-enum MsgBoxStyle : std::int32_t { kOkOnly = 0 };
+/// Buttons and icon of a message.
+enum MsgBoxStyle : std::int32_t {
+    kOkOnly = 0,
+    kCritical = 16,       ///< OK, under the icon of an error
+    kYesNoQuestion = 36,  ///< Yes and No, under a question mark
+};
+
+enum MsgBoxResult : std::int32_t { kOk = 1, kYes = 6, kNo = 7 };
 
 /// A moment as the wall clock and the calendar of this place show it.
 struct DateTime {
@@ -62,9 +69,11 @@ public:
     /// The names of the locale that is in force.
     [[nodiscard]] virtual DateNames LocaleDateNames() const = 0;
 
-    /// Shows a message with the buttons of that style, modal: messages run meanwhile. An empty
-    /// title is the program's name.
-    virtual void MsgBox(const std::string& prompt, MsgBoxStyle style, const std::string& title) = 0;
+    /// Shows a message with the buttons of that style, modal: messages run meanwhile. Lines of the
+    /// prompt end in CR LF; an empty title is the program's name. Returns the button that was
+    /// pressed, No for a question that was closed by its frame.
+    virtual MsgBoxResult MsgBox(const std::string& prompt, MsgBoxStyle style,
+                                const std::string& title) = 0;
 
     /// Shows the report of an error that no handler has trapped; returns when it was acknowledged.
     virtual void ShowErrorReport(std::int32_t number, const std::string& text) = 0;

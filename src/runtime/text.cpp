@@ -85,6 +85,13 @@ Long InStr(Long start, std::string_view text, std::string_view sought) {
     return 0;
 }
 
+std::string LCase(std::string_view text) {
+    std::string lower(text);
+    for (char& letter : lower)
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    return lower;
+}
+
 std::string LastCharacter(std::string_view text) {
     return text.empty() ? std::string() : Mid(text, Len(text), 1);
 }

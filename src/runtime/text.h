@@ -29,6 +29,10 @@ inline constexpr std::string_view kCrLf = "\r\n";
 /// below 1 raises kInvalidProcedureCall.
 [[nodiscard]] Long InStr(Long start, std::string_view text, std::string_view sought);
 
+/// The text with its letters A to Z in lower case. Others stay: a file's name is found again
+/// whatever the case of those 26, and of no more.
+[[nodiscard]] std::string LCase(std::string_view text);
+
 /// The last character; empty for an empty text.
 [[nodiscard]] std::string LastCharacter(std::string_view text);
 

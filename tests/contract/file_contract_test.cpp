@@ -71,6 +71,14 @@ TEST_F(FileContract, CreatingOverAFileNeedsLeave) {
     EXPECT_EQ(world->Bytes(path), "old\r\n");
 }
 
+TEST_F(FileContract, TheLengthOfAFileIsCountedInBytes) {
+    world->Put(path, "");
+    EXPECT_EQ(world->files().FileLen(path), 0);
+    world->Put(path, "\xC3\xA4\r\n");
+    EXPECT_EQ(world->files().FileLen(path), 4);
+    EXPECT_ERROR(kFileNotFound, world->files().FileLen(world->Folder() + "/missing.txt"));
+}
+
 TEST_F(FileContract, AMissingFileIsNotFoundUnlessItMayBeMade) {
     EXPECT_ERROR(kFileNotFound, world->files().OpenTextFile(path, ForReading, false));
     EXPECT_TRUE(world->files().OpenTextFile(path, ForReading, true)->AtEndOfStream());

@@ -13,6 +13,7 @@ Desk::Desk(const std::string& keywords_txt) {
     desktop.files.Put(kKeywordsTxt, keywords_txt);
     desktop.files.Put(kKeywordsXml, BuiltinGrammar());
     desktop.files.Put(kQuietXml, ProjectFile("data/quiet.xml"));
+    desktop.files.Put(kCalendarXml, ProjectFile("data/calendar.xml"));
 }
 
 void Desk::Launch() {

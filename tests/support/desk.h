@@ -12,8 +12,8 @@ namespace corvane::testing {
 /// The whole system on a simulated desktop, with a person in front of it.
 class Desk {
 public:
-    /// Lays the built-in command grammar, a quiet grammar and the given keywords.txt beside the
-    /// program.
+    /// Lays the built-in command grammar, the grammars of the quiet mode and of the calendar, and the
+    /// given keywords.txt beside the program.
     explicit Desk(const std::string& keywords_txt = {});
 
     simulated::SimulatedDesktop desktop;
@@ -44,6 +44,7 @@ private:
 inline constexpr const char* kKeywordsTxt = "/opt/corvane/keywords.txt";
 inline constexpr const char* kKeywordsXml = "/opt/corvane/keywords.xml";
 inline constexpr const char* kQuietXml = "/opt/corvane/quiet.xml";
+inline constexpr const char* kCalendarXml = "/opt/corvane/calendar.xml";
 
 /// A grammar of the given rules' texts.
 [[nodiscard]] std::string GrammarOf(const std::string& rules);

@@ -2,6 +2,7 @@
 #include "linux/files/file_system.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -28,6 +29,14 @@ std::unique_ptr<ITextStream> FileSystem::OpenTextFile(const std::string& path, I
 std::unique_ptr<ITextStream> FileSystem::CreateTextFile(const std::string& path, bool overwrite) {
     const int existing = overwrite ? O_TRUNC : O_EXCL;
     return std::make_unique<WriteStream>(Open(path, O_WRONLY | O_CREAT | existing), path);
+}
+
+std::int64_t FileSystem::FileLen(const std::string& path) {
+    struct stat file {};
+    if (::stat(path.c_str(), &file) == 0) return file.st_size;
+    if (errno == ENOENT || errno == ENOTDIR)
+        throw RuntimeError(kFileNotFound, "File not found: " + path);
+    throw FileError(errno, path);
 }
 
 void FileSystem::DeleteFile(const std::string& path) {

@@ -12,6 +12,7 @@ public:
                                                             bool create) override;
     [[nodiscard]] std::unique_ptr<ITextStream> CreateTextFile(const std::string& path,
                                                               bool overwrite) override;
+    [[nodiscard]] std::int64_t FileLen(const std::string& path) override;
     void DeleteFile(const std::string& path) override;
 };
 

@@ -35,6 +35,16 @@ std::string ValueOf(const Keys& keys, std::string_view key) {
     return found == keys.end() ? std::string() : found->second;
 }
 
+/// The name in the language of the locale, or of its country, or else the plain one.
+std::string NameOf(const Keys& keys, std::string_view locale) {
+    const std::string_view language = locale.substr(0, locale.find('_'));
+    for (const std::string_view choice : {locale, language}) {
+        const std::string key = "Name[" + std::string(choice) + "]";
+        if (!choice.empty() && keys.contains(key)) return ValueOf(keys, key);
+    }
+    return ValueOf(keys, "Name");
+}
+
 /// A string value, in which a backslash stands in front of a letter for a control character.
 std::string Unescaped(std::string_view value) {
     std::string text;
@@ -97,12 +107,13 @@ std::vector<std::string> CommandOf(std::string_view exec) {
 
 }  // namespace
 
-std::optional<DesktopEntry> ReadDesktopEntry(std::string_view content) {
+std::optional<DesktopEntry> ReadDesktopEntry(std::string_view content, std::string_view locale) {
     const Keys keys = KeysOfMainGroup(content);
     if (ValueOf(keys, "Type") != "Application" || ValueOf(keys, "Hidden") == "true")
         return std::nullopt;
     DesktopEntry entry{CommandOf(Unescaped(ValueOf(keys, "Exec"))),
-                       ValueOf(keys, "Terminal") == "true"};
+                       ValueOf(keys, "Terminal") == "true", Unescaped(NameOf(keys, locale)),
+                       ValueOf(keys, "NoDisplay") == "true"};
     if (entry.command.empty()) return std::nullopt;
     return entry;
 }

@@ -2,6 +2,7 @@
 #include "linux/launch/path_lookup.h"
 
 #include <algorithm>
+#include <iterator>
 #include <system_error>
 #include <vector>
 
@@ -19,16 +20,29 @@ bool Alike(const std::string& a, const std::string& b) {
     return std::ranges::equal(a, b, {}, Small, Small);
 }
 
-std::optional<fs::path> FindNameIn(const fs::path& folder, const std::string& name) {
+/// What a folder has under that name in any capitals: the exact spelling first, then in order, since
+/// a folder tells its names in none.
+std::vector<fs::path> Spellings(const fs::path& folder, const std::string& name) {
     std::error_code ignored;
-    if (fs::exists(folder / name, ignored)) return folder / name;
     std::vector<fs::path> found;
-    for (fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, ignored), end;
-         !ignored && entry != end; entry.increment(ignored))
+    for (fs::directory_iterator entry(folder, ignored), end; !ignored && entry != end;
+         entry.increment(ignored))
         if (Alike(entry->path().filename().string(), name)) found.push_back(entry->path());
-    // A folder tells its names in no order; the answer shall be the same each time.
-    const auto first = std::ranges::min_element(found);
-    return first == found.end() ? std::nullopt : std::optional(*first);
+    std::ranges::sort(found);
+    std::ranges::stable_partition(found,
+                                  [&](const fs::path& path) { return path.filename() == name; });
+    return found;
+}
+
+/// The part of a path from `name` to `end`, below `folder`. Of two folders that differ in capitals
+/// alone only one may lead on.
+std::optional<fs::path> FindBelow(const fs::path& folder, fs::path::iterator name,
+                                  fs::path::iterator end) {
+    if (name == end) return folder;
+    const auto rest = std::next(name);
+    for (const fs::path& next : Spellings(folder, name->string()))
+        if (auto found = FindBelow(next, rest, end)) return found;
+    return std::nullopt;
 }
 
 }  // namespace
@@ -36,13 +50,9 @@ std::optional<fs::path> FindNameIn(const fs::path& folder, const std::string& na
 std::optional<fs::path> FindIgnoringCase(const fs::path& path) {
     std::error_code ignored;
     if (fs::exists(path, ignored)) return path;
-    fs::path found = path.root_path();
-    for (const fs::path& name : path.relative_path()) {
-        const auto next = FindNameIn(found, name.string());
-        if (!next) return std::nullopt;
-        found = *next;
-    }
-    return found;
+    const fs::path relative = path.relative_path();
+    return FindBelow(path.has_root_path() ? path.root_path() : fs::path("."), relative.begin(),
+                     relative.end());
 }
 
 bool EndsIgnoringCase(const std::string& text, const std::string& ending) {

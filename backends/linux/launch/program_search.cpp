@@ -46,6 +46,8 @@ public:
     explicit ProgramSearch(const SearchPlaces& places) : places_(places) {}
 
     [[nodiscard]] std::optional<Invocation> Find(const std::string& program) const {
+        // In front of the file itself: some desktops make their entries executable.
+        if (auto found = FindEntryFile(program)) return found;
         if (auto found = FindFile(program)) return found;
         if (HasFolder(program)) return std::nullopt;
         return FindEntry(program);
@@ -92,16 +94,31 @@ private:
         return Invocation{full};
     }
 
+    [[nodiscard]] std::optional<Invocation> FindEntryFile(const std::string& program) const {
+        if (!HasFolder(program)) return std::nullopt;
+        for (const std::string& spelling : Spellings(program)) {
+            if (!EndsIgnoringCase(spelling, ".desktop")) continue;
+            const auto file = FindIgnoringCase(spelling);
+            std::error_code ignored;
+            if (file && fs::is_regular_file(*file, ignored)) return FromEntryFile(*file);
+        }
+        return std::nullopt;
+    }
+
+    [[nodiscard]] std::optional<Invocation> FromEntryFile(const fs::path& file) const {
+        std::ifstream stream(file, std::ios::binary);
+        const std::string content(std::istreambuf_iterator<char>(stream), {});
+        const auto entry = ReadDesktopEntry(content);
+        return entry ? InvocationOf(*entry) : std::nullopt;
+    }
+
     [[nodiscard]] std::optional<Invocation> FindEntry(const std::string& id) const {
         for (const std::string& spelling : Spellings(id))
             for (const fs::path& folder : places_.applications) {
                 const auto file = FindIgnoringCase(folder / (spelling + ".desktop"));
                 if (!file) continue;
-                std::ifstream stream(*file, std::ios::binary);
-                const std::string content(std::istreambuf_iterator<char>(stream), {});
                 // The first folder that has the id decides, even if it only hides the entry.
-                const auto entry = ReadDesktopEntry(content);
-                return entry ? InvocationOf(*entry) : std::nullopt;
+                return FromEntryFile(*file);
             }
         return std::nullopt;
     }

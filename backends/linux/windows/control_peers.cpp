@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/windows/control_peers.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QPointer>
 #include <QProgressBar>
@@ -78,6 +79,27 @@ public:
     void SetVisible(bool visible) override {
         if (widget_) widget_->setVisible(visible);
     }
+    void SetEnabled(bool enabled) override {
+        if (widget_) widget_->setEnabled(enabled);
+    }
+    void SetDefault(bool is_default) override {
+        if (widget_) widget_->setDefault(is_default);
+    }
+};
+
+class CheckBoxPeer final : public WidgetPeer<ICheckBoxPeer, QCheckBox> {
+public:
+    CheckBoxPeer(QWidget& widget, CheckBoxPeerEvents events) : WidgetPeer(widget) {
+        // What a person does; setChecked does not raise it.
+        QObject::connect(widget_, &QCheckBox::clicked, widget_,
+                         [Click = std::move(events.Click)](bool checked) {
+                             if (const auto handler = Click) handler(checked);
+                         });
+    }
+
+    void SetChecked(bool checked) override {
+        if (widget_) widget_->setChecked(checked);
+    }
 };
 
 }  // namespace
@@ -96,6 +118,10 @@ std::unique_ptr<IPicturePeer> MakePicturePeer(QWidget& widget, const Pictures& p
 
 std::unique_ptr<IButtonPeer> MakeButtonPeer(QWidget& widget, ButtonPeerEvents events) {
     return std::make_unique<ButtonPeer>(widget, std::move(events));
+}
+
+std::unique_ptr<ICheckBoxPeer> MakeCheckBoxPeer(QWidget& widget, CheckBoxPeerEvents events) {
+    return std::make_unique<CheckBoxPeer>(widget, std::move(events));
 }
 
 }  // namespace corvane::linux_desktop

@@ -2,6 +2,7 @@
 #include "linux/windows/control_widgets.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,9 +15,11 @@
 #include "linux/windows/keyed_button.h"
 #include "linux/windows/list_widget.h"
 #include "linux/windows/look.h"
+#include "linux/windows/month_calendar.h"
 #include "linux/windows/painted_widgets.h"
 #include "linux/windows/picture_view.h"
 #include "linux/windows/pictures.h"
+#include "linux/windows/row_list.h"
 
 namespace corvane::linux_desktop {
 namespace {
@@ -79,6 +82,21 @@ QWidget* MakeProgressBar(QWidget& holder) {
     return bar;
 }
 
+QWidget* MakeButton(const ControlDescription& control, QWidget& holder, const Pictures& pictures) {
+    constexpr QSize kPictureSize(24, 24);
+    auto* button = new KeyedButton(Words(control.text), &holder);
+    if (!control.picture.empty()) button->setIcon(pictures.Find(Words(control.picture)));
+    button->setIconSize(kPictureSize);
+    button->setEnabled(control.enabled);
+    return button;
+}
+
+QWidget* MakeCheckBox(const ControlDescription& control, QWidget& holder) {
+    auto* box = new QCheckBox(Words(control.text), &holder);
+    box->setChecked(control.checked);
+    return box;
+}
+
 QWidget* MakeLine(QWidget& holder) {
     auto* line = new QFrame(&holder);
     line->setFrameStyle(QFrame::Box | QFrame::Plain);
@@ -110,9 +128,16 @@ QWidget* MakeWidget(const ControlDescription& control, QWidget& holder, const Pi
         case ControlKind::ProgressBar:
             return MakeProgressBar(holder);
         case ControlKind::CommandButton:
-            return new KeyedButton(Words(control.text), &holder);
+            return MakeButton(control, holder, pictures);
+        case ControlKind::CheckBox:
+            return MakeCheckBox(control, holder);
+        case ControlKind::ListView:
+            return new RowList(Words(control.text).split(u'\n'), &holder);
+        case ControlKind::Calendar:
+            return new MonthCalendar(&holder);
         case ControlKind::Line:
             return MakeLine(holder);
+        case ControlKind::CommonDialog:
         case ControlKind::ImageList:
         case ControlKind::Timer:
             return nullptr;
@@ -156,6 +181,8 @@ QWidget* MakeControlWidget(const ControlDescription& control, QWidget& holder,
 
 QRect WidgetPlace(const ControlDescription& control, const QWidget& widget) {
     QRect place = PixelPlace(control);
+    if (control.kind == ControlKind::CheckBox)
+        place.setWidth(std::max(place.width(), widget.sizeHint().width()));
     const auto* label = qobject_cast<const QLabel*>(&widget);
     if (label == nullptr || label->wordWrap() || label->text().isEmpty()) return place;
     // A single line is never cut off, whatever the width of the letters here.

@@ -16,7 +16,7 @@ class Pictures;
                                          const Pictures& pictures);
 
 /// Where that widget stands in its holder, in pixels: the place described, for a label of one line
-/// as wide as its text needs.
+/// and a check box as wide as its text needs.
 [[nodiscard]] QRect WidgetPlace(const ControlDescription& control, const QWidget& widget);
 
 }  // namespace corvane::linux_desktop

@@ -5,12 +5,31 @@
 #include <QCursor>
 #include <QEventLoop>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPointer>
+#include <QPushButton>
 #include <QScreen>
 #include <utility>
 
+#include "linux/windows/look.h"
+
 namespace corvane::linux_desktop {
 namespace {
+
+constexpr Qt::WindowFlags FlagsOf(BorderStyle style) {
+    constexpr Qt::WindowFlags kFixedSingle =
+        Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+        Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
+    switch (style) {
+        case BorderStyle::None:
+            return Qt::Window | Qt::FramelessWindowHint;
+        case BorderStyle::Sizable:
+            return kFixedSingle | Qt::WindowMaximizeButtonHint;
+        case BorderStyle::FixedSingle:
+            break;
+    }
+    return kFixedSingle;
+}
 
 /// Ends a loop when the window that it watches is hidden.
 class UntilHidden final : public QObject {
@@ -36,12 +55,8 @@ Frame::Frame(WindowPeerEvents events) : events_(std::move(events)) {
 }
 
 void Frame::SetBorderStyle(BorderStyle style) {
-    constexpr Qt::WindowFlags kFixedSingle =
-        Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-        Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
     const bool visible = isVisible();
-    setWindowFlags(style == BorderStyle::None ? Qt::Window | Qt::FramelessWindowHint
-                                              : kFixedSingle);
+    setWindowFlags(FlagsOf(style));
     // New flags hide the window.
     if (visible) show();
 }
@@ -72,6 +87,48 @@ void Frame::ShowModal() {
 void Frame::LetGo() {
     events_ = {};
     hide();
+}
+
+WindowSize Frame::Size() const {
+    const QSize client = centralWidget()->size();
+    const QSize outer = frameGeometry().size();
+    return {Twips(client.width()), Twips(client.height()), Twips(outer.width()),
+            Twips(outer.height())};
+}
+
+bool Frame::event(QEvent* event) {
+    const bool taken = QMainWindow::event(event);
+    switch (event->type()) {
+        // The desktop tells the size of its frame some time after the window is shown, and no event
+        // tells that it has; one of these comes with it.
+        case QEvent::Resize:
+        case QEvent::Move:
+        case QEvent::Show:
+        case QEvent::WindowActivate:
+        case QEvent::LayoutRequest:
+        case QEvent::UpdateRequest:
+            TellSize();
+            break;
+        default:
+            break;
+    }
+    return taken;
+}
+
+void Frame::TellSize() {
+    if (!isVisible() || centralWidget() == nullptr) return;
+    const WindowSize size = Size();
+    if (size == std::exchange(told_, size)) return;
+    // A copy, since the handler may let this window go.
+    if (const auto handler = events_.Resized) handler(size);
+}
+
+void Frame::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        return QMainWindow::keyPressEvent(event);
+    for (auto* button : findChildren<QPushButton*>())
+        if (button->isDefault() && button->isEnabled() && button->isVisible())
+            return button->click();
 }
 
 void Frame::closeEvent(QCloseEvent* event) {

@@ -21,11 +21,19 @@ public:
     /// Tells nothing any more, and goes out of sight.
     void LetGo();
 
+    /// With the frame that the desktop draws, as far as it is known.
+    [[nodiscard]] WindowSize Size() const;
+
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void TellSize();
+
     WindowPeerEvents events_;
+    WindowSize told_;
 };
 
 }  // namespace corvane::linux_desktop

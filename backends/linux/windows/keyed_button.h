@@ -7,7 +7,7 @@
 
 namespace corvane::linux_desktop {
 
-/// A button that tells of each key that reaches it before it takes part in the key itself. Enter
+/// A button, with its picture above its caption if it has one, that tells of each key that reaches it before it takes part in the key itself. Enter
 /// clicks it, as Space does; its access key gives it the focus, too.
 class KeyedButton final : public QPushButton {
 public:
@@ -19,6 +19,7 @@ public:
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace corvane::linux_desktop

@@ -8,9 +8,12 @@
 
 #include "linux/windows/control_peers.h"
 #include "linux/windows/control_widgets.h"
+#include "linux/windows/file_dialog.h"
 #include "linux/windows/frame.h"
 #include "linux/windows/list_widget.h"
 #include "linux/windows/look.h"
+#include "linux/windows/month_calendar.h"
+#include "linux/windows/row_list.h"
 #include "linux/windows/text_peers.h"
 
 namespace corvane::linux_desktop {
@@ -23,7 +26,12 @@ QtWindow::QtWindow(const WindowDescription& description, WindowPeerEvents events
       client_(new QWidget) {
     frame_->setObjectName(Words(description.name));
     frame_->setWindowTitle(Words(description.caption));
-    client_->setFixedSize(Pixels(description.client_width), Pixels(description.client_height));
+    const QSize size(Pixels(description.client_width), Pixels(description.client_height));
+    const bool sizable = description.border == BorderStyle::Sizable;
+    if (sizable)
+        client_->resize(size);
+    else
+        client_->setFixedSize(size);
     if (description.white_background) {
         QPalette palette = client_->palette();
         palette.setColor(QPalette::Window, Qt::white);
@@ -32,7 +40,9 @@ QtWindow::QtWindow(const WindowDescription& description, WindowPeerEvents events
         client_->setAutoFillBackground(true);
     }
     frame_->setCentralWidget(client_);
-    frame_->layout()->setSizeConstraint(QLayout::SetFixedSize);
+    if (!sizable) frame_->layout()->setSizeConstraint(QLayout::SetFixedSize);
+    frame_->resize(size);
+    frame_->SetBorderStyle(description.border);
 }
 
 QtWindow::~QtWindow() {
@@ -71,6 +81,22 @@ std::unique_ptr<IListPeer> QtWindow::AddList(const ControlDescription& control,
     return MakeListPeer(*Place(control), items, std::move(events));
 }
 
+std::unique_ptr<ICheckBoxPeer> QtWindow::AddCheckBox(const ControlDescription& control,
+                                                     CheckBoxPeerEvents events) {
+    return MakeCheckBoxPeer(*Place(control), std::move(events));
+}
+
+std::unique_ptr<IListViewPeer> QtWindow::AddListView(const ControlDescription& control,
+                                                     ListViewPeerEvents events) {
+    return MakeListViewPeer(*Place(control), std::move(events));
+}
+
+std::unique_ptr<ICalendarPeer> QtWindow::AddCalendar(const ControlDescription& control,
+                                                     const CalendarDescription& calendar,
+                                                     CalendarPeerEvents events) {
+    return MakeCalendarPeer(*Place(control), calendar, std::move(events));
+}
+
 void QtWindow::AddMenu(const MenuDescription& menu, std::function<void()> Click) {
     const QString caption = Words(menu.caption);
     if (menu.menu.empty()) {
@@ -90,6 +116,9 @@ void QtWindow::AddMenu(const MenuDescription& menu, std::function<void()> Click)
 void QtWindow::Show() {
     PrepareToShow();
     frame_->show();
+    // One that stands behind other windows comes to the front.
+    frame_->raise();
+    frame_->activateWindow();
 }
 
 void QtWindow::ShowModal() {
@@ -103,6 +132,14 @@ void QtWindow::Hide() {
 
 void QtWindow::SetBorderStyle(BorderStyle style) {
     frame_->SetBorderStyle(style);
+}
+
+WindowSize QtWindow::Size() const {
+    return frame_->Size();
+}
+
+std::optional<std::string> QtWindow::AskForFile(const FileDialogRequest& request) {
+    return ChooseFile(request, frame_.get());
 }
 
 HWND QtWindow::hWnd() const {

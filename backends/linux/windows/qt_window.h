@@ -16,7 +16,7 @@ namespace corvane::linux_desktop {
 class Frame;
 class Pictures;
 
-/// A window of fixed size whose menu bar stands above the client area.
+/// A window whose menu bar stands above the client area.
 class QtWindow final : public IWindowPeer {
 public:
     /// `pictures` must outlive the window.
@@ -36,11 +36,20 @@ public:
     [[nodiscard]] std::unique_ptr<IListPeer> AddList(const ControlDescription& control,
                                                      const std::vector<std::string>& items,
                                                      ListPeerEvents events) override;
+    [[nodiscard]] std::unique_ptr<ICheckBoxPeer> AddCheckBox(const ControlDescription& control,
+                                                             CheckBoxPeerEvents events) override;
+    [[nodiscard]] std::unique_ptr<IListViewPeer> AddListView(const ControlDescription& control,
+                                                             ListViewPeerEvents events) override;
+    [[nodiscard]] std::unique_ptr<ICalendarPeer> AddCalendar(const ControlDescription& control,
+                                                             const CalendarDescription& calendar,
+                                                             CalendarPeerEvents events) override;
     void AddMenu(const MenuDescription& menu, std::function<void()> Click) override;
     void Show() override;
     void ShowModal() override;
     void Hide() override;
     void SetBorderStyle(BorderStyle style) override;
+    [[nodiscard]] WindowSize Size() const override;
+    [[nodiscard]] std::optional<std::string> AskForFile(const FileDialogRequest& request) override;
     [[nodiscard]] HWND hWnd() const override;
     [[nodiscard]] HICON hIcon() const override;
 

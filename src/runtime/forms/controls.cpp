@@ -55,13 +55,10 @@ void PictureBox::SetPicture(const std::string& picture) {
     peer_->SetPicture(picture_);
 }
 
-CommandButton::CommandButton(Form& form, std::string_view name) {
+CommandButton::CommandButton(Form& form, std::string_view name)
+    : enabled_(form.Describe(name).enabled) {
     ButtonPeerEvents events;
-    events.Click = [this, &form] {
-        form.Enter([this] {
-            if (const auto handler = Click) handler();
-        });
-    };
+    events.Click = [this, &form] { form.Enter([this] { TakeClick(); }); };
     events.KeyDown = [this, &form](std::int16_t code, std::int16_t shift) {
         form.Enter([this, code, shift] {
             if (const auto handler = KeyDown) handler(code, shift);
@@ -73,6 +70,60 @@ CommandButton::CommandButton(Form& form, std::string_view name) {
 void CommandButton::SetVisible(bool visible) {
     visible_ = visible;
     peer_->SetVisible(visible_);
+}
+
+void CommandButton::SetEnabled(bool enabled) {
+    enabled_ = enabled;
+    peer_->SetEnabled(enabled_);
+}
+
+void CommandButton::SetDefault(bool is_default) {
+    default_ = is_default;
+    peer_->SetDefault(default_);
+}
+
+void CommandButton::TakeClick() {
+    if (!enabled_) return;
+    value_ = true;
+    // An error in the handler ends the process, so nothing has to be put back behind one.
+    if (const auto handler = Click) handler();
+    value_ = false;
+}
+
+CheckBox::CheckBox(Form& form, std::string_view name) : checked_(form.Describe(name).checked) {
+    CheckBoxPeerEvents events;
+    events.Click = [this, &form](bool checked) {
+        form.Enter([this, checked] {
+            checked_ = checked;
+            RaiseClick();
+        });
+    };
+    peer_ = form.window().AddCheckBox(form.Describe(name), std::move(events));
+}
+
+void CheckBox::SetValue(Integer value) {
+    if (value != 0 && value != 1)
+        throw RuntimeError(kInvalidPropertyValue, "Invalid property value");
+    if (value == Value()) return;
+    checked_ = value == 1;
+    peer_->SetChecked(checked_);
+    RaiseClick();
+}
+
+void CheckBox::RaiseClick() {
+    if (const auto handler = Click) handler();
+}
+
+CommonDialog::CommonDialog(Form& form, std::string_view name) : form_(form) {
+    form.window().AddFixture(form.Describe(name));
+}
+
+void CommonDialog::ShowOpen() {
+    const auto chosen = form_.window().AskForFile({.title = DialogTitle,
+                                                   .filter = Filter,
+                                                   .filter_index = FilterIndex.rep(),
+                                                   .flags = Flags.rep()});
+    if (chosen) FileName = *chosen;
 }
 
 Menu::Menu(Form& form, const MenuDescription& description) {

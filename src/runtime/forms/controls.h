@@ -80,10 +80,59 @@ public:
 
     [[nodiscard]] bool Visible() const { return visible_; }
     void SetVisible(bool visible);
+    [[nodiscard]] bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled);
+    /// Whether Enter presses this button while the focus is elsewhere in the window.
+    [[nodiscard]] bool Default() const { return default_; }
+    void SetDefault(bool is_default);
+    /// True while a click of this button is carried out.
+    [[nodiscard]] bool Value() const { return value_; }
 
 private:
+    void TakeClick();
+
     bool visible_ = true;
+    bool enabled_;
+    bool default_ = false;
+    bool value_ = false;
     std::unique_ptr<IButtonPeer> peer_;
+};
+
+class CheckBox {
+public:
+    CheckBox(Form& form, std::string_view name);
+
+    /// Raised behind each change of Value.
+    std::function<void()> Click;
+
+    /// 1 when it is checked, else 0.
+    [[nodiscard]] Integer Value() const { return checked_ ? 1 : 0; }
+    /// Any value but 0 and 1 raises kInvalidPropertyValue.
+    void SetValue(Integer value);
+
+private:
+    void RaiseClick();
+
+    bool checked_;
+    std::unique_ptr<ICheckBoxPeer> peer_;
+};
+
+/// The question for a file. Its properties are kept from one showing to the next.
+class CommonDialog {
+public:
+    CommonDialog(Form& form, std::string_view name);
+
+    std::string FileName;
+    std::string DialogTitle;
+    std::string Filter;
+    Long FilterIndex = 1;
+    Long Flags;
+
+    /// Asks; when the person cancels, FileName stays as it is.
+    void ShowOpen();
+
+private:
+    Form& form_;
 };
 
 /// An entry of the menu bar.

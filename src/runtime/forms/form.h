@@ -21,16 +21,25 @@ public:
     std::function<void()> Load;  ///< raised by the first use of the window, before it can be seen
     std::function<void()>
         Unload;  ///< raised when the window is closed, by a person or by the system
+    std::function<void()> Resize;  ///< raised by the first showing and by each change of size
+    std::function<void()> Closed;  ///< behind Unload: whoever owns the window may let it go
 
     void Show();
     /// Returns when the window is hidden; messages run meanwhile.
     void ShowModal();
     void Hide();
     void SetBorderStyle(BorderStyle style);
+
+    /// The client area, in twips. Its corner is always 0.
+    [[nodiscard]] float ScaleLeft() const { return 0; }
+    [[nodiscard]] float ScaleWidth() const { return static_cast<float>(size_.client_width); }
+    /// The window with its frame, in twips.
+    [[nodiscard]] float Width() const { return static_cast<float>(size_.outer_width); }
+    [[nodiscard]] float Height() const { return static_cast<float>(size_.outer_height); }
     [[nodiscard]] HWND hWnd() const { return window_->hWnd(); }
     [[nodiscard]] HICON hIcon() const { return window_->hIcon(); }
 
-    /// Unloads the window: raises Unload, and puts it out of sight.
+    /// Unloads the window: raises Unload, puts it out of sight, and raises Closed.
     void Close();
 
     /// The row of that name in the window's layout.
@@ -47,8 +56,13 @@ protected:
     Form(IWindowToolkit& toolkit, MessageLoop& loop, const WindowDescription& description);
 
 private:
+    void PrepareToShow();
+    void RaiseResize();
+
     WindowDescription description_;
     MessageLoop& loop_;
+    WindowSize size_;
+    bool shown_ = false;
     std::unique_ptr<IWindowPeer> window_;
 };
 
@@ -67,6 +81,8 @@ public:
         return window_.get();
     }
     [[nodiscard]] bool Loaded() const { return window_ != nullptr; }
+    /// The next use creates and loads another one. Whoever is inside the old one keeps it alive.
+    void LetGo() { window_.reset(); }
 
 private:
     std::function<std::shared_ptr<Window>()> create_;

@@ -41,6 +41,30 @@ TEST_F(ProgramSearchTest, ExactSpellingWinsOverOtherCapitals) {
     EXPECT_EQ(Find(program), Invocation{program});
 }
 
+TEST_F(ProgramSearchTest, OfFoldersThatDifferInCapitalsTheOneThatHasTheProgramCounts) {
+    folder.Put("opt/tools/readme");
+    const auto program = folder.PutProgram("opt/Tools/Hammer");
+    EXPECT_EQ(Find((folder / "opt/tools/hammer.exe").string()), Invocation{program});
+}
+
+TEST_F(ProgramSearchTest, PathOfADesktopEntryStandsForItsProgram) {
+    const auto program = folder.PutProgram("bin/editor");
+    // Not the program of the entry's own name, and not the entry itself.
+    folder.PutProgram("bin/vim");
+    const auto entry = folder.PutProgram("applications/Vim.desktop",
+                                         "[Desktop Entry]\nType=Application\nExec=editor -w %F\n");
+    for (const std::string& line :
+         {entry, entry + ".exe", (folder / "applications/vim.desktop.exe").string()})
+        EXPECT_EQ(Find(line), (Invocation{program, "-w"})) << line;
+}
+
+TEST_F(ProgramSearchTest, DesktopEntryThatNamesAnotherOneOrItselfStartsNothing) {
+    const auto entry = folder.path() + "/applications/loop.desktop";
+    folder.Put("applications/loop.desktop",
+               "[Desktop Entry]\nType=Application\nExec=" + entry + "\n");
+    EXPECT_FALSE(Find(entry));
+}
+
 TEST_F(ProgramSearchTest, NameAloneIsFoundOnPath) {
     const auto program = folder.PutProgram("bin/editor");
     EXPECT_EQ(Find("editor.exe"), Invocation{program});

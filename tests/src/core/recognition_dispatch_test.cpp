@@ -307,8 +307,17 @@ protected:
     Speaker speaker{voice, form2, desktop.runtime, desktop.clipboard};
     TrayIcon tray{desktop.tray, form2};
     KeywordLauncher launcher{keywords, desktop.runtime};
-    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice, speaker,
-                                 launcher,        form2, tray,       log};
+    CommandGrammar grammar{desktop.files, paths};
+    forms::Lazy<Form1> form1{[this] {
+        return std::make_shared<Form1>(
+            desktop.windows, loop,
+            Form1::Parts{desktop.runtime, desktop.files, paths, keywords, grammar,
+                         [this](const std::string& file) { recogniser.init_rec(file); }});
+    }};
+    forms::Lazy<Form3> form3{
+        [this] { return std::make_shared<Form3>(desktop.windows, loop, desktop.speech); }};
+    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice, speaker,  launcher,
+                                 form2,           tray,  log,        keywords, form1, form3};
 };
 
 TEST_F(DispatchWithVoice, AnAcceptedCommandEndsTheMarkingOfWords) {
