@@ -73,8 +73,9 @@ public:
 
 class CellWindow final : public IWindowPeer {
 public:
-    CellWindow(CallRecord& record, VirtualQueue& queue, std::shared_ptr<ShownWindow> window)
-        : record_(record), queue_(queue), window_(std::move(window)) {}
+    CellWindow(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi,
+               std::shared_ptr<ShownWindow> window)
+        : record_(record), queue_(queue), gdi_(gdi), window_(std::move(window)) {}
 
     void AddFixture(const ControlDescription& control) override {
         window_->controls.push_back(control);
@@ -106,6 +107,13 @@ public:
                                            ButtonPeerEvents events) override {
         window_->buttons[std::string(control.name)] = {true, std::move(events)};
         return Place<CellButton>(control);
+    }
+
+    std::unique_ptr<IControlHost> AddControl(const ControlDescription& control) override {
+        window_->controls.push_back(control);
+        const auto shown = MakeShownControl(gdi_);
+        window_->drawn[std::string(control.name)] = shown;
+        return std::make_unique<ControlPlace>(gdi_, shown, window_->handle);
     }
 
     void AddMenu(const MenuDescription& menu, std::function<void()> Click) override {
@@ -150,13 +158,14 @@ private:
 
     CallRecord& record_;
     VirtualQueue& queue_;
+    SimulatedGdi& gdi_;
     std::shared_ptr<ShownWindow> window_;
 };
 
 }  // namespace
 
-CellWindows::CellWindows(CallRecord& record, VirtualQueue& queue)
-    : record_(record), queue_(queue) {}
+CellWindows::CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi)
+    : record_(record), queue_(queue), gdi_(gdi) {}
 
 std::unique_ptr<IWindowPeer> CellWindows::CreateWindow(const WindowDescription& description,
                                                        WindowPeerEvents events) {
@@ -166,7 +175,7 @@ std::unique_ptr<IWindowPeer> CellWindows::CreateWindow(const WindowDescription& 
     window->handle = kFirstHandle + static_cast<HWND>(windows_.size());
     window->events = std::move(events);
     windows_[std::string(description.name)] = window;
-    return std::make_unique<CellWindow>(record_, queue_, window);
+    return std::make_unique<CellWindow>(record_, queue_, gdi_, window);
 }
 
 const ShownWindow& CellWindows::Window(const std::string& window) const {

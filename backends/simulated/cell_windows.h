@@ -9,6 +9,7 @@
 
 #include "platform/controls.h"
 #include "simulated/call_record.h"
+#include "simulated/control_place.h"
 #include "simulated/virtual_queue.h"
 
 namespace corvane::simulated {
@@ -44,6 +45,7 @@ struct ShownWindow {
     ByName<std::int32_t> ranges;
     ByName<std::string> captions;
     ByName<std::string> pictures;
+    ByName<std::shared_ptr<ShownControl>> drawn;
     ByName<std::function<void()>> menu_clicks;
     WindowPeerEvents events;
 };
@@ -51,8 +53,8 @@ struct ShownWindow {
 /// A toolkit of windows in memory, and the hands of the person in front of them.
 class CellWindows final : public IWindowToolkit {
 public:
-    /// `queue` runs while a window is modal.
-    CellWindows(CallRecord& record, VirtualQueue& queue);
+    /// `queue` runs while a window is modal; `gdi` draws what draws itself.
+    CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi);
 
     std::unique_ptr<IWindowPeer> CreateWindow(const WindowDescription& description,
                                               WindowPeerEvents events) override;
@@ -72,6 +74,7 @@ public:
 private:
     CallRecord& record_;
     VirtualQueue& queue_;
+    SimulatedGdi& gdi_;
     std::map<std::string, std::shared_ptr<ShownWindow>> windows_;
 };
 

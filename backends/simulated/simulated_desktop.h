@@ -9,6 +9,7 @@
 #include "simulated/cell_windows.h"
 #include "simulated/memory_files.h"
 #include "simulated/memory_registry.h"
+#include "simulated/simulated_machine.h"
 #include "simulated/simulated_runtime.h"
 #include "simulated/simulated_shell.h"
 #include "simulated/simulated_speech.h"
@@ -22,13 +23,15 @@ public:
     VirtualQueue queue;
     CallRecord record{[this] { return queue.Now(); }};
     MemoryFiles files{record};
-    CellWindows windows{record, queue};
+    SimulatedGdi gdi;
+    CellWindows windows{record, queue, gdi};
     SimulatedRuntime runtime{record};
     SimulatedSpeech speech{record, files, queue};
     SimulatedAutomation automation{record};
     MemoryRegistry registry{record};
     SimulatedTray tray{record};
     SimulatedUser32 user32{record};
+    SimulatedMachine machine{record};
 
     [[nodiscard]] Platform AsPlatform();
 

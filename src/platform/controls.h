@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/control_host.h"
 #include "platform/user32.h"
 
 /// Windows and their controls as the window toolkit sees them: described once by plain records,
@@ -148,6 +149,9 @@ public:
         const ControlDescription& control) = 0;
     [[nodiscard]] virtual std::unique_ptr<IButtonPeer> AddButton(const ControlDescription& control,
                                                                  ButtonPeerEvents events) = 0;
+    /// A place for a control that draws itself. It must not outlive the window.
+    [[nodiscard]] virtual std::unique_ptr<IControlHost> AddControl(
+        const ControlDescription& control) = 0;
     /// `Click` is called when a person chooses the entry; it may be empty.
     virtual void AddMenu(const MenuDescription& menu, std::function<void()> Click) = 0;
 

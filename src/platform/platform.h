@@ -6,11 +6,14 @@ namespace corvane {
 class IAdvapi32;
 class IAutomation;
 class IFileSystemObject;
+class IGdi32;
+class IKernel32;
 class ILanguageRuntime;
 class IMessageQueue;
 class IShell32;
 class ISpeechApi;
 class IUser32;
+class IWinInet;
 class IWindowToolkit;
 
 /// The world, as one backend offers it. The backend owns all of it and outlives the system.
@@ -24,6 +27,9 @@ struct Platform {
     IAdvapi32& advapi32;
     IShell32& shell32;
     IUser32& user32;
+    IGdi32& gdi32;
+    IKernel32& kernel32;
+    IWinInet& wininet;
 };
 
 }  // namespace corvane

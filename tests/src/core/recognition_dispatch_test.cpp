@@ -301,8 +301,10 @@ protected:
     Nullable<ISpeechVoice> voice{desktop.speech.CreateSpVoice()};
     KeywordStore keywords{desktop.files, paths};
     Recogniser recogniser{desktop.speech, voice};
-    forms::Lazy<Form2> form2{
-        [this] { return std::make_shared<Form2>(desktop.windows, loop, desktop.runtime); }};
+    forms::Lazy<Form2> form2{[this] {
+        return std::make_shared<Form2>(desktop.windows, loop, desktop.runtime, desktop.gdi,
+                                       desktop.user32);
+    }};
     TextLog log{form2};
     Speaker speaker{voice, form2};
     TrayIcon tray{desktop.tray, form2};
