@@ -14,6 +14,8 @@
 #include "linux/settings/registry.h"
 #include "linux/shell/automation.h"
 #include "linux/shell/tray.h"
+#include "linux/system/connection.h"
+#include "linux/system/kernel32.h"
 #include "linux/windows/qt_toolkit.h"
 #include "linux/windows/user32.h"
 
@@ -58,6 +60,8 @@ struct LinuxPlatform::World {
     Registry registry{Registry::FileOfPerson()};
     Tray tray;
     User32 user32;
+    Kernel32 kernel32{runtime.ExecutableFolder()};
+    Connection connection;
     SpeechEngine speech;  // last: its thread posts to the messages
 };
 
@@ -75,7 +79,10 @@ Platform LinuxPlatform::Parts() {
             .automation = world_->automation,
             .advapi32 = world_->registry,
             .shell32 = world_->tray,
-            .user32 = world_->user32};
+            .user32 = world_->user32,
+            .gdi32 = world_->windows.Gdi32(),
+            .kernel32 = world_->kernel32,
+            .wininet = world_->connection};
 }
 
 }  // namespace corvane

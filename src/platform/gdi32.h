@@ -60,8 +60,8 @@ public:
     /// Draws with the pen from the current position to x, y, leaves out the end pixel, and makes it
     /// the current position. A pen wider than 1 is round at both ends.
     virtual bool LineTo(HDC hdc, std::int32_t x, std::int32_t y) = 0;
-    /// Outline with the pen inside the box, filled when the fill is solid. right and bottom are
-    /// exclusive.
+    /// Outline with the pen along the edge of the box, filled when the fill is solid. right and
+    /// bottom are exclusive.
     virtual bool Ellipse(HDC hdc, std::int32_t left, std::int32_t top, std::int32_t right,
                          std::int32_t bottom) = 0;
     virtual bool Rectangle(HDC hdc, std::int32_t left, std::int32_t top, std::int32_t right,

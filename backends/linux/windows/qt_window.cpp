@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <utility>
 
+#include "linux/canvas/control_view.h"
 #include "linux/windows/control_peers.h"
 #include "linux/windows/control_widgets.h"
 #include "linux/windows/frame.h"
@@ -15,8 +16,9 @@
 namespace corvane::linux_desktop {
 
 QtWindow::QtWindow(const WindowDescription& description, WindowPeerEvents events,
-                   const Pictures& pictures)
+                   const Pictures& pictures, Gdi& gdi)
     : pictures_(pictures),
+      gdi_(gdi),
       position_(description.position),
       frame_(new Frame(std::move(events))),
       client_(new QWidget) {
@@ -62,6 +64,10 @@ std::unique_ptr<IPicturePeer> QtWindow::AddPicture(const ControlDescription& con
 std::unique_ptr<IButtonPeer> QtWindow::AddButton(const ControlDescription& control,
                                                  ButtonPeerEvents events) {
     return MakeButtonPeer(*Place(control), std::move(events));
+}
+
+std::unique_ptr<IControlHost> QtWindow::AddControl(const ControlDescription& control) {
+    return std::make_unique<QtControlHost>(gdi_, dynamic_cast<ControlView&>(*Place(control)));
 }
 
 void QtWindow::AddMenu(const MenuDescription& menu, std::function<void()> Click) {
