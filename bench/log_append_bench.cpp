@@ -9,6 +9,7 @@
 #include "linux/linux_runtime.h"
 #include "linux/qt_message_queue.h"
 #include "linux/windows/qt_toolkit.h"
+#include "linux/windows/user32.h"
 #include "runtime/message_loop.h"
 #include "shell/form2.h"
 
@@ -33,10 +34,12 @@ public:
 private:
     linux_desktop::QtMessageQueue messages_;
     linux_desktop::QtToolkit windows_{{}};
+    linux_desktop::User32 user32_;
     linux_desktop::LinuxRuntime runtime_{nullptr};  // no keys are typed here
     MessageLoop loop_{messages_, runtime_};
-    forms::Lazy<Form2> main_window_{
-        [this] { return std::make_shared<Form2>(windows_, loop_, runtime_); }};
+    forms::Lazy<Form2> main_window_{[this] {
+        return std::make_shared<Form2>(windows_, loop_, runtime_, windows_.Gdi32(), user32_);
+    }};
 };
 
 /// One line behind so many others, until the person sees it.

@@ -15,6 +15,8 @@
 #include "linux/settings/registry.h"
 #include "linux/shell/automation.h"
 #include "linux/shell/tray.h"
+#include "linux/system/connection.h"
+#include "linux/system/kernel32.h"
 #include "linux/windows/qt_toolkit.h"
 #include "linux/windows/user32.h"
 
@@ -60,6 +62,8 @@ struct LinuxPlatform::World {
     Registry registry{Registry::FileOfPerson()};
     Tray tray;
     User32 user32;
+    Kernel32 kernel32{runtime.ExecutableFolder()};
+    Connection connection;
     SpeechEngine speech;  // last: its thread posts to the messages
 };
 
@@ -78,7 +82,10 @@ Platform LinuxPlatform::Parts() {
             .advapi32 = world_->registry,
             .shell32 = world_->tray,
             .user32 = world_->user32,
-            .clipboard = world_->clipboard};
+            .clipboard = world_->clipboard,
+            .gdi32 = world_->windows.Gdi32(),
+            .kernel32 = world_->kernel32,
+            .wininet = world_->connection};
 }
 
 }  // namespace corvane

@@ -179,9 +179,13 @@ WindowSize WithFrame(int client_width, int client_height) {
 
 class CellWindow final : public IWindowPeer {
 public:
-    CellWindow(CellWindows& windows, CallRecord& record, VirtualQueue& queue,
+    CellWindow(CellWindows& windows, CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi,
                std::shared_ptr<ShownWindow> window)
-        : windows_(windows), record_(record), queue_(queue), window_(std::move(window)) {}
+        : windows_(windows),
+          record_(record),
+          queue_(queue),
+          gdi_(gdi),
+          window_(std::move(window)) {}
     ~CellWindow() override { window_->visible = false; }
     CellWindow(const CellWindow&) = delete;
     CellWindow& operator=(const CellWindow&) = delete;
@@ -224,6 +228,8 @@ public:
                                        ListPeerEvents events) override {
         window_->lists[std::string(control.name)] = {items, -1, std::move(events)};
         return Place<CellList>(control);
+    }
+
     std::unique_ptr<ICheckBoxPeer> AddCheckBox(const ControlDescription& control,
                                                CheckBoxPeerEvents events) override {
         window_->check_boxes[std::string(control.name)] = {control.checked, std::move(events)};
@@ -246,6 +252,13 @@ public:
         window_->calendars[std::string(control.name)] = {
             calendar, calendar.date, Computed(control.place), std::move(events)};
         return Place<CellCalendar>(control);
+    }
+
+    std::unique_ptr<IControlHost> AddControl(const ControlDescription& control) override {
+        window_->controls.push_back(control);
+        const auto shown = MakeShownControl(gdi_);
+        window_->drawn[std::string(control.name)] = shown;
+        return std::make_unique<ControlPlace>(gdi_, shown, window_->handle);
     }
 
     void AddMenu(const MenuDescription& menu, std::function<void()> Click) override {
@@ -301,13 +314,14 @@ private:
     CellWindows& windows_;
     CallRecord& record_;
     VirtualQueue& queue_;
+    SimulatedGdi& gdi_;
     std::shared_ptr<ShownWindow> window_;
 };
 
 }  // namespace
 
-CellWindows::CellWindows(CallRecord& record, VirtualQueue& queue)
-    : record_(record), queue_(queue) {}
+CellWindows::CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi)
+    : record_(record), queue_(queue), gdi_(gdi) {}
 
 std::unique_ptr<IWindowPeer> CellWindows::CreateWindow(const WindowDescription& description,
                                                        WindowPeerEvents events) {
@@ -318,7 +332,7 @@ std::unique_ptr<IWindowPeer> CellWindows::CreateWindow(const WindowDescription& 
     window->size = WithFrame(description.client_width, description.client_height);
     window->events = std::move(events);
     windows_[std::string(description.name)] = window;
-    return std::make_unique<CellWindow>(*this, record_, queue_, window);
+    return std::make_unique<CellWindow>(*this, record_, queue_, gdi_, window);
 }
 
 const ShownWindow& CellWindows::Window(const std::string& window) const {

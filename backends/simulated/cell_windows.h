@@ -10,6 +10,7 @@
 
 #include "platform/controls.h"
 #include "simulated/call_record.h"
+#include "simulated/control_place.h"
 #include "simulated/virtual_queue.h"
 
 namespace corvane::simulated {
@@ -80,18 +81,19 @@ struct ShownWindow {
     ByName<std::int32_t> ranges;
     ByName<std::string> captions;
     ByName<std::string> pictures;
+    ByName<std::shared_ptr<ShownControl>> drawn;
     ByName<std::function<void()>> menu_clicks;
     WindowPeerEvents events;
 };
 
-/// A toolkit of windows in memory, and the hands of the person in front of them. The desktop's frame
-/// around a window is 60 twips wide, its title bar 285 twips high. Operations that can be told to
-/// fail: Show, ShowModal, Hide, SetFocus, SetText, SetSelection, SetPlace, AddRow, SetCell, RemoveRow,
-/// SelectRow, SetDate, AskForFile.
+/// A toolkit of windows in memory, and the hands of the person in front of them. The desktop's
+/// frame around a window is 60 twips wide, its title bar 285 twips high. Operations that can be
+/// told to fail: Show, ShowModal, Hide, SetFocus, SetText, SetSelection, SetPlace, AddRow, SetCell,
+/// RemoveRow, SelectRow, SetDate, AskForFile.
 class CellWindows final : public IWindowToolkit {
 public:
-    /// `queue` runs while a window is modal.
-    CellWindows(CallRecord& record, VirtualQueue& queue);
+    /// `queue` runs while a window is modal; `gdi` draws what draws itself.
+    CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi);
 
     std::unique_ptr<IWindowPeer> CreateWindow(const WindowDescription& description,
                                               WindowPeerEvents events) override;
@@ -138,6 +140,7 @@ public:
 private:
     CallRecord& record_;
     VirtualQueue& queue_;
+    SimulatedGdi& gdi_;
     std::map<std::string, std::shared_ptr<ShownWindow>> windows_;
     HWND next_handle_ = 4001;
 };

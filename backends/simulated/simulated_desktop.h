@@ -10,6 +10,7 @@
 #include "simulated/memory_files.h"
 #include "simulated/memory_registry.h"
 #include "simulated/simulated_clipboard.h"
+#include "simulated/simulated_machine.h"
 #include "simulated/simulated_runtime.h"
 #include "simulated/simulated_shell.h"
 #include "simulated/simulated_speech.h"
@@ -23,7 +24,8 @@ public:
     VirtualQueue queue;
     CallRecord record{[this] { return queue.Now(); }};
     MemoryFiles files{record};
-    CellWindows windows{record, queue};
+    SimulatedGdi gdi;
+    CellWindows windows{record, queue, gdi};
     SimulatedRuntime runtime{record, [this] { return queue.Now(); }};
     SimulatedClipboard clipboard{record};
     SimulatedSpeech speech{record, files, queue};
@@ -31,6 +33,7 @@ public:
     MemoryRegistry registry{record};
     SimulatedTray tray{record};
     SimulatedUser32 user32{record};
+    SimulatedMachine machine{record};
 
     [[nodiscard]] Platform AsPlatform();
 

@@ -52,6 +52,11 @@ std::int32_t SimulatedUser32::SendMessageA(HWND hWnd, std::uint32_t msg, std::ui
     return 0;
 }
 
+std::int32_t SimulatedUser32::GetSysColor(std::int32_t index) {
+    const auto set = colours_.find(index);
+    return set == colours_.end() ? index * 0x010101 : set->second;
+}
+
 SimulatedAutomation::SimulatedAutomation(CallRecord& record) : record_(record) {}
 
 std::shared_ptr<IInternetExplorer> SimulatedAutomation::CreateInternetExplorer(

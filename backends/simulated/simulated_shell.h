@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -34,9 +35,14 @@ public:
     bool ReleaseCapture() override;
     std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
                               std::int32_t lParam) override;
+    std::int32_t GetSysColor(std::int32_t index) override;
+
+    /// Every system colour is a grey of its own at first.
+    void SetSysColor(std::int32_t index, std::int32_t rgb) { colours_[index] = rgb; }
 
 private:
     CallRecord& record_;
+    std::map<std::int32_t, std::int32_t> colours_;
 };
 
 /// A browser that a person can close. Operations that can be told to fail: CreateInternetExplorer,

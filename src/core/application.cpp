@@ -27,6 +27,8 @@ Application::Application(const Platform& platform)
       help_page_(platform.automation, platform.runtime),
       log_(form2_),
       launcher_(keywords_, platform.runtime),
+      system_(platform.kernel32, loop_),
+      status_monitor_(platform.runtime, platform.kernel32, platform.wininet, system_, form2_),
       dispatch_(platform.runtime, paths_, recogniser_, voice_, speaker_, launcher_, form2_, tray_,
                 log_, keywords_, form1_, form3_),
       feedback_(recogniser_, form2_, log_),
@@ -51,7 +53,8 @@ std::shared_ptr<Form1> Application::CreateForm1() {
 }
 
 std::shared_ptr<Form2> Application::CreateForm2() {
-    auto form = std::make_shared<Form2>(platform_.windows, loop_, platform_.runtime);
+    auto form = std::make_shared<Form2>(platform_.windows, loop_, platform_.runtime,
+                                        platform_.gdi32, platform_.user32);
     form->Load = [this] { startup_.Form2_Load(); };
     // Every way out is an immediate end: nothing is unloaded, an icon in the tray stays behind.
     form->Unload = [this] { platform_.runtime.End(); };
@@ -59,6 +62,7 @@ std::shared_ptr<Form2> Application::CreateForm2() {
     form->mnuHDoc.Click = [this] { help_page_.Open(); };
     form->mnuAbout.Click = [this] { form4_->ShowModal(); };
     form->List1.DblClick = [this] { command_help_.List1_DblClick(); };
+    form->Timer1.Tick = [this] { status_monitor_.Timer1_Timer(); };
     form->Command2.Click = [this] { speaker_.ReadWhiteboard(); };
     return form;
 }

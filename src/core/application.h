@@ -10,6 +10,8 @@
 #include "core/startup.h"
 #include "core/text_log.h"
 #include "desktop/keyword_launcher.h"
+#include "desktop/status_monitor.h"
+#include "desktop/system_commands.h"
 #include "grammar/command_grammar.h"
 #include "grammar/data_paths.h"
 #include "grammar/form1.h"
@@ -64,6 +66,8 @@ private:
     HelpPage help_page_;
     TextLog log_;
     KeywordLauncher launcher_;
+    SystemCommands system_;
+    StatusMonitor status_monitor_;
     RecognitionDispatch dispatch_;
     RecognitionFeedback feedback_;
     Startup startup_;

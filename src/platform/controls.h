@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/control_host.h"
 #include "platform/user32.h"
 
 /// Windows and their controls as the window toolkit sees them: described once by plain records,
@@ -45,7 +46,7 @@ enum class ControlKind {
     ListView,      ///< rows under column headers; `text` is the headers, parted by LF
     Calendar,      ///< one month of a year, a day of it marked
     CommonDialog,  ///< nothing to see until it is shown
-    Line,           ///< from left, top to left + width, top + height
+    Line,          ///< from left, top to left + width, top + height
 };
 
 enum class ControlColours {
@@ -295,6 +296,9 @@ public:
     [[nodiscard]] virtual std::unique_ptr<ICalendarPeer> AddCalendar(
         const ControlDescription& control, const CalendarDescription& calendar,
         CalendarPeerEvents events) = 0;
+    /// A place for a control that draws itself. It must not outlive the window.
+    [[nodiscard]] virtual std::unique_ptr<IControlHost> AddControl(
+        const ControlDescription& control) = 0;
     /// `Click` is called when a person chooses the entry; it may be empty.
     virtual void AddMenu(const MenuDescription& menu, std::function<void()> Click) = 0;
 

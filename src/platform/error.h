@@ -26,6 +26,7 @@ enum ErrorNumber : std::int32_t {
     kOverflow = 6,
     kSubscriptOutOfRange = 9,
     kDivisionByZero = 11,
+    kTypeMismatch = 13,
     kFileNotFound = 53,
     kDeviceIOError = 57,
     kFileAlreadyExists = 58,
@@ -36,6 +37,7 @@ enum ErrorNumber : std::int32_t {
     kObjectNotSet = 91,
     kInvalidPropertyValue = 380,
     kAutomationError = 440,  ///< an engine or another object refused the call
+    kInvalidPicture = 481,
 };
 
 }  // namespace corvane

@@ -7,11 +7,14 @@ class IAdvapi32;
 class IAutomation;
 class IClipboard;
 class IFileSystemObject;
+class IGdi32;
+class IKernel32;
 class ILanguageRuntime;
 class IMessageQueue;
 class IShell32;
 class ISpeechApi;
 class IUser32;
+class IWinInet;
 class IWindowToolkit;
 
 /// The world, as one backend offers it. The backend owns all of it and outlives the system.
@@ -26,6 +29,9 @@ struct Platform {
     IShell32& shell32;
     IUser32& user32;
     IClipboard& clipboard;
+    IGdi32& gdi32;
+    IKernel32& kernel32;
+    IWinInet& wininet;
 };
 
 }  // namespace corvane

@@ -25,6 +25,10 @@ public:
     /// lets the person move the window as if by its title bar.
     virtual std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
                                       std::int32_t lParam) = 0;
+
+    /// The colour 0x00BBGGRR of that part of the windows: 15 is the face of buttons, 18 their text.
+    /// 0 if there is no such part.
+    [[nodiscard]] virtual std::int32_t GetSysColor(std::int32_t index) = 0;
 };
 
 }  // namespace corvane

@@ -96,13 +96,6 @@ std::string LastCharacter(std::string_view text) {
     return text.empty() ? std::string() : Mid(text, Len(text), 1);
 }
 
-std::string LCase(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return lower;
-}
-
 std::string Chr(Long code) {
     if (code < 0 || code > 255)
         throw RuntimeError(kInvalidProcedureCall, "Invalid procedure call or argument");

@@ -36,9 +36,6 @@ inline constexpr std::string_view kCrLf = "\r\n";
 /// The last character; empty for an empty text.
 [[nodiscard]] std::string LastCharacter(std::string_view text);
 
-/// The text with lower-case letters in place of A to Z; all others stay as they are.
-[[nodiscard]] std::string LCase(std::string_view text);
-
 /// The character of that code, 0 to 255; any other raises kInvalidProcedureCall.
 [[nodiscard]] std::string Chr(Long code);
 

@@ -2,6 +2,7 @@
 #include "shell/form2.h"
 
 #include "runtime/text.h"
+#include "shell/form2_gauges.h"
 
 namespace corvane {
 namespace {
@@ -14,8 +15,14 @@ constexpr WindowDescription kForm2{.name = "Form2",
 
 }  // namespace
 
-Form2::Form2(IWindowToolkit& toolkit, MessageLoop& loop, ILanguageRuntime& runtime)
-    : Form(toolkit, loop, kForm2), runtime_(runtime) {
+Form2::Form2(IWindowToolkit& toolkit, MessageLoop& loop, ILanguageRuntime& runtime, IGdi32& gdi32,
+             IUser32& user32)
+    : Form(toolkit, loop, kForm2),
+      bkCProg1(window().AddControl(Describe("bkCProg1")), gdi32, user32),
+      bkCProg2(window().AddControl(Describe("bkCProg2")), gdi32, user32),
+      runtime_(runtime) {
+    PlaceGauge(bkCProg1, Describe("bkCProg1"), kGauge1);
+    PlaceGauge(bkCProg2, Describe("bkCProg2"), kGauge2);
     Text1.Change = [this] { Text1_Change(); };
     Command3.Click = [this] { Command3_Click(); };
     Command2.KeyDown = [this](Integer code, Integer shift) { Command2_KeyDown(code, shift); };

@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "gauge/bkcprog.h"
 #include "platform/controls.h"
 #include "platform/language_runtime.h"
 #include "runtime/forms/controls.h"
@@ -15,14 +16,16 @@ namespace corvane {
 /// The main window: what the system is doing, its log, its whiteboard, its spoken help.
 class Form2 final : public forms::Form {
 public:
-    Form2(IWindowToolkit& toolkit, MessageLoop& loop, ILanguageRuntime& runtime);
+    Form2(IWindowToolkit& toolkit, MessageLoop& loop, ILanguageRuntime& runtime, IGdi32& gdi32,
+          IUser32& user32);
 
-    forms::ListBox List1{*this, "List1"};  // command list
+    forms::ListBox List1{*this, "List1"};              // command list
+    forms::ImageList ImageList2{*this, "ImageList2"};  // connection: modem, LAN, busy, none
     forms::Fixture Frame2{*this, "Frame2"};
-    forms::Fixture Picture2{*this, "Picture2"};
-    forms::Fixture Label7{*this, "Label7"};
+    forms::PictureBox Picture2{*this, "Picture2"};
+    forms::Label Label7{*this, "Label7"};
     forms::Timer Timer1{loop(), std::chrono::milliseconds(1000), true};  // status monitor
-    forms::Fixture bkCProg1{*this, "bkCProg1"};
+    bkCProg bkCProg1;  // free space of the program's drive
     forms::TextBox Text4{*this, "Text4"};
     forms::ProgressBar ProgressBar2{*this, "ProgressBar2"};  // voice level, 0 to 100
     forms::CommandButton Command3{*this, "Command3"};        // Clear
@@ -35,7 +38,7 @@ public:
     forms::TextBox text2{*this, "text2"};
     forms::ProgressBar ProgressBar1{*this, "ProgressBar1"};  // microphone level, 0 to 100
     forms::TextBox Text1{*this, "Text1"};                    // the recognition log
-    forms::Fixture bkCProg2{*this, "bkCProg2"};
+    bkCProg bkCProg2;                                        // free physical memory
     forms::Fixture Label10{*this, "Label10"};
     forms::Fixture Label6{*this, "Label6"};
     forms::Fixture Label5{*this, "Label5"};

@@ -11,6 +11,7 @@
 #include <QTextEdit>
 #include <algorithm>
 
+#include "linux/canvas/control_view.h"
 #include "linux/text_positions.h"
 #include "linux/windows/keyed_button.h"
 #include "linux/windows/list_widget.h"
@@ -119,7 +120,7 @@ QWidget* MakeWidget(const ControlDescription& control, QWidget& holder, const Pi
         case ControlKind::CentredLabel:
             return MakeLabel(control, holder, Qt::AlignHCenter);
         case ControlKind::Gauge:
-            return new EtchedCircle(&holder);
+            return new ControlView(&holder);
         case ControlKind::TextBox:
             return MakeLineEdit(control, holder);
         case ControlKind::MultilineTextBox:

@@ -92,8 +92,8 @@ void Frame::LetGo() {
 WindowSize Frame::Size() const {
     const QSize client = centralWidget()->size();
     const QSize outer = frameGeometry().size();
-    return {Twips(client.width()), Twips(client.height()), Twips(outer.width()),
-            Twips(outer.height())};
+    return {ToTwips(client.width()), ToTwips(client.height()), ToTwips(outer.width()),
+            ToTwips(outer.height())};
 }
 
 bool Frame::event(QEvent* event) {

@@ -21,7 +21,7 @@ namespace corvane::linux_desktop {
     return static_cast<int>(std::lround(twips / kTwipsPerPixel));
 }
 
-[[nodiscard]] constexpr int Twips(int pixels) {
+[[nodiscard]] constexpr int ToTwips(int pixels) {
     return pixels * kTwipsPerPixel;
 }
 

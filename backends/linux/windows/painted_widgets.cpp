@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
-#include <algorithm>
 
 namespace corvane::linux_desktop {
 namespace {
@@ -35,19 +34,6 @@ void CaptionedFrame::paintEvent(QPaintEvent* /*event*/) {
 
     style()->drawItemText(&painter, caption, Qt::AlignLeft | Qt::AlignTop, palette(), isEnabled(),
                           title(), QPalette::WindowText);
-}
-
-EtchedCircle::EtchedCircle(QWidget* holder) : QWidget(holder) {}
-
-void EtchedCircle::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const int side = std::min(width(), height()) - 3;
-    const QRectF circle((width() - side) / 2.0, (height() - side) / 2.0, side, side);
-    painter.setPen(palette().color(QPalette::Light));
-    painter.drawEllipse(circle.translated(1, 1));
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawEllipse(circle);
 }
 
 }  // namespace corvane::linux_desktop

@@ -16,13 +16,4 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// The place of a round gauge that shows no value.
-class EtchedCircle final : public QWidget {
-public:
-    explicit EtchedCircle(QWidget* holder);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-};
-
 }  // namespace corvane::linux_desktop

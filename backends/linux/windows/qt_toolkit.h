@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "linux/canvas/canvas.h"
 #include "linux/windows/pictures.h"
 #include "platform/controls.h"
 
@@ -18,7 +19,11 @@ public:
     [[nodiscard]] std::unique_ptr<IWindowPeer> CreateWindow(const WindowDescription& description,
                                                             WindowPeerEvents events) override;
 
+    /// The drawing calls on the surfaces of its windows.
+    [[nodiscard]] IGdi32& Gdi32() { return gdi_; }
+
 private:
+    Gdi gdi_;
     Pictures pictures_;
 };
 

@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <utility>
 
+#include "linux/canvas/control_view.h"
 #include "linux/windows/control_peers.h"
 #include "linux/windows/control_widgets.h"
 #include "linux/windows/file_dialog.h"
@@ -19,8 +20,9 @@
 namespace corvane::linux_desktop {
 
 QtWindow::QtWindow(const WindowDescription& description, WindowPeerEvents events,
-                   const Pictures& pictures)
+                   const Pictures& pictures, Gdi& gdi)
     : pictures_(pictures),
+      gdi_(gdi),
       position_(description.position),
       frame_(new Frame(std::move(events))),
       client_(new QWidget) {
@@ -95,6 +97,10 @@ std::unique_ptr<ICalendarPeer> QtWindow::AddCalendar(const ControlDescription& c
                                                      const CalendarDescription& calendar,
                                                      CalendarPeerEvents events) {
     return MakeCalendarPeer(*Place(control), calendar, std::move(events));
+}
+
+std::unique_ptr<IControlHost> QtWindow::AddControl(const ControlDescription& control) {
+    return std::make_unique<QtControlHost>(gdi_, dynamic_cast<ControlView&>(*Place(control)));
 }
 
 void QtWindow::AddMenu(const MenuDescription& menu, std::function<void()> Click) {

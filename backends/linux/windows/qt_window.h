@@ -14,14 +14,15 @@ class QWidget;
 namespace corvane::linux_desktop {
 
 class Frame;
+class Gdi;
 class Pictures;
 
 /// A window whose menu bar stands above the client area.
 class QtWindow final : public IWindowPeer {
 public:
-    /// `pictures` must outlive the window.
+    /// `pictures` and `gdi` must outlive the window.
     QtWindow(const WindowDescription& description, WindowPeerEvents events,
-             const Pictures& pictures);
+             const Pictures& pictures, Gdi& gdi);
     ~QtWindow() override;
 
     void AddFixture(const ControlDescription& control) override;
@@ -43,6 +44,8 @@ public:
     [[nodiscard]] std::unique_ptr<ICalendarPeer> AddCalendar(const ControlDescription& control,
                                                              const CalendarDescription& calendar,
                                                              CalendarPeerEvents events) override;
+    [[nodiscard]] std::unique_ptr<IControlHost> AddControl(
+        const ControlDescription& control) override;
     void AddMenu(const MenuDescription& menu, std::function<void()> Click) override;
     void Show() override;
     void ShowModal() override;
@@ -64,6 +67,7 @@ private:
     };
 
     const Pictures& pictures_;
+    Gdi& gdi_;
     StartPosition position_;
     // The window may be let go inside one of its own events.
     std::unique_ptr<Frame, DeleteLater> frame_;

@@ -5,6 +5,8 @@
 #include <QWidget>
 #include <QWindow>
 
+#include "linux/canvas/system_colours.h"
+
 namespace corvane::linux_desktop {
 namespace {
 
@@ -27,6 +29,10 @@ std::int32_t User32::SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wP
     // Only in answer to a button that is down; otherwise the desktop does nothing.
     if (QWindow* window = FindWindow(hWnd)) window->startSystemMove();
     return 0;
+}
+
+std::int32_t User32::GetSysColor(std::int32_t index) {
+    return SystemColour(index);
 }
 
 }  // namespace corvane::linux_desktop

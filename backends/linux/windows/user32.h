@@ -11,6 +11,7 @@ public:
     bool ReleaseCapture() override;
     std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
                               std::int32_t lParam) override;
+    std::int32_t GetSysColor(std::int32_t index) override;
 };
 
 }  // namespace corvane::linux_desktop

@@ -301,8 +301,10 @@ protected:
     Nullable<ISpeechVoice> voice{desktop.speech.CreateSpVoice()};
     KeywordStore keywords{desktop.files, paths};
     Recogniser recogniser{desktop.speech, voice};
-    forms::Lazy<Form2> form2{
-        [this] { return std::make_shared<Form2>(desktop.windows, loop, desktop.runtime); }};
+    forms::Lazy<Form2> form2{[this] {
+        return std::make_shared<Form2>(desktop.windows, loop, desktop.runtime, desktop.gdi,
+                                       desktop.user32);
+    }};
     TextLog log{form2};
     Speaker speaker{voice, form2, desktop.runtime, desktop.clipboard};
     TrayIcon tray{desktop.tray, form2};
@@ -316,8 +318,8 @@ protected:
     }};
     forms::Lazy<Form3> form3{
         [this] { return std::make_shared<Form3>(desktop.windows, loop, desktop.speech); }};
-    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice, speaker,  launcher,
-                                 form2,           tray,  log,        keywords, form1, form3};
+    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice,    speaker, launcher,
+                                 form2,           tray,  log,        keywords, form1,   form3};
 };
 
 TEST_F(DispatchWithVoice, AnAcceptedCommandEndsTheMarkingOfWords) {

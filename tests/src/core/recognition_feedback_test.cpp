@@ -139,8 +139,10 @@ TEST(HypothesisTrace, WhileItIsOnEveryHypothesisIsAPlainLine) {
     MessageLoop loop(desktop.queue, desktop.runtime);
     Nullable<ISpeechVoice> voice;
     Recogniser recogniser(desktop.speech, voice);
-    forms::Lazy<Form2> form2(
-        [&] { return std::make_shared<Form2>(desktop.windows, loop, desktop.runtime); });
+    forms::Lazy<Form2> form2([&] {
+        return std::make_shared<Form2>(desktop.windows, loop, desktop.runtime, desktop.gdi,
+                                       desktop.user32);
+    });
     TextLog log(form2);
     RecognitionFeedback feedback(recogniser, form2, log);
     recogniser.HypothesisTrace = true;

@@ -7,6 +7,7 @@
 #include <set>
 #include <sstream>
 
+#include "shell/form2_gauges.h"
 #include "simulated/simulated_desktop.h"
 
 namespace corvane {
@@ -23,7 +24,8 @@ protected:
 
     simulated::SimulatedDesktop desktop;
     MessageLoop loop{desktop.queue, desktop.runtime};
-    std::shared_ptr<Form2> form2 = std::make_shared<Form2>(desktop.windows, loop, desktop.runtime);
+    std::shared_ptr<Form2> form2 = std::make_shared<Form2>(desktop.windows, loop, desktop.runtime,
+                                                           desktop.gdi, desktop.user32);
 };
 
 TEST_F(Form2Test, HasItsCaptionAndSize) {
@@ -147,6 +149,56 @@ TEST_F(Form2Test, EachAdditionPutsTheLogsCaretInFrontOfItsLastCharacter) {
     form2->Text1.SetText("one line\r\n");
     EXPECT_EQ(form2->Text1.SelStart(), 9);
     EXPECT_EQ(Shown().texts.at("Text1").start, 9);
+}
+
+TEST_F(Form2Test, TheFirstGaugeIsLoadedFromWhatIsStored) {
+    const bkCProg& gauge = form2->bkCProg1;
+    EXPECT_EQ(gauge.StartColor(), 0x0000FF);
+    EXPECT_EQ(gauge.MidColor(), 0x00FFFF);
+    EXPECT_EQ(gauge.EndColor(), 0x00FF00);
+    EXPECT_EQ(gauge.TextColor(), 0);
+    for (const bool on : {gauge.ShowValue(), gauge.TextShadow(), gauge.ShowValueAsPercent(),
+                          gauge.UseMask(), gauge.AutoMask(), gauge.AutoSize(), gauge.Tricolor(),
+                          gauge.Gradient(), gauge.ShowArc(), gauge.ShowCircle()})
+        EXPECT_TRUE(on);
+    EXPECT_EQ(gauge.Font(), (StdFont{.Name = "MS Sans Serif", .Size = 8.25, .Weight = 400}));
+    EXPECT_EQ(gauge.Min(), 0);
+    EXPECT_EQ(gauge.Max(), 100);
+    EXPECT_EQ(gauge.Value(), 50);
+}
+
+TEST_F(Form2Test, TheSecondGaugeHasItsOwnColours) {
+    EXPECT_EQ(form2->bkCProg2.StartColor(), 0xFFFFFF);
+    EXPECT_EQ(form2->bkCProg2.MidColor(), 0xFF0000);
+    EXPECT_EQ(form2->bkCProg2.EndColor(), 0xC000C0);
+    EXPECT_EQ(form2->bkCProg2.TextColor(), 0);
+}
+
+TEST_F(Form2Test, TheGaugesSizeThemselvesWhateverIsStoredOfTheirCentre) {
+    for (const bkCProg* gauge : {&form2->bkCProg1, &form2->bkCProg2}) {
+        EXPECT_EQ(gauge->XCenter(), 49);
+        EXPECT_EQ(gauge->YCenter(), 44);
+        EXPECT_EQ(gauge->Radius(), 43);
+    }
+    EXPECT_EQ(Shown().drawn.at("bkCProg1")->outer, (PixelSize{99, 88}));
+    EXPECT_TRUE(Shown().drawn.at("bkCProg1")->see_through);
+}
+
+TEST_F(Form2Test, WhatIsStoredOfTheGaugesComesOutOfASaveButForWhatSizingHasReplaced) {
+    PropertyBag bag;
+    form2->bkCProg2.WriteProperties(bag);
+    for (const auto& stored : kGauge2) {
+        if (stored.key.starts_with("_")) continue;
+        const bool is_default = stored.key == "font";  // the window's own
+        EXPECT_EQ(bag.Holds(stored.key), !is_default) << stored.key;
+    }
+}
+
+TEST_F(Form2Test, TheConnectionHasFourPictures) {
+    EXPECT_EQ(form2->ImageList2.Picture(1), "connection_modem");
+    EXPECT_EQ(form2->ImageList2.Picture(2), "connection_lan");
+    EXPECT_EQ(form2->ImageList2.Picture(3), "connection_busy");
+    EXPECT_EQ(form2->ImageList2.Picture(4), "connection_none");
 }
 
 }  // namespace

@@ -24,8 +24,10 @@ protected:
 
     simulated::SimulatedDesktop desktop;
     MessageLoop loop{desktop.queue, desktop.runtime};
-    forms::Lazy<Form2> form2{
-        [this] { return std::make_shared<Form2>(desktop.windows, loop, desktop.runtime); }};
+    forms::Lazy<Form2> form2{[this] {
+        return std::make_shared<Form2>(desktop.windows, loop, desktop.runtime, desktop.gdi,
+                                       desktop.user32);
+    }};
     TrayIcon tray{desktop.tray, form2};
     HelpPage help{desktop.automation, desktop.runtime};
 };

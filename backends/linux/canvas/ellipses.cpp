@@ -1,0 +1,156 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include "linux/canvas/ellipses.h"
+
+#include <cmath>
+#include <numbers>
+#include <utility>
+#include <vector>
+
+#include "linux/canvas/strokes.h"
+
+namespace corvane::linux_desktop {
+namespace {
+
+struct Place {
+    std::int64_t x = 0, y = 0;
+    friend auto operator<=>(const Place&, const Place&) = default;
+};
+using Outline = std::vector<Place>;
+
+/// All pixels of the edge, stepping from the sides to the top and bottom; each step goes where the
+/// ellipse's equation is missed least.
+Outline StepAlong(const Box& box) {
+    Outline outline;
+    std::int64_t x0 = box.left;
+    std::int64_t x1 = box.right - 1;
+    const std::int64_t a = x1 - x0;
+    const std::int64_t b = box.bottom - 1 - box.top;
+    const std::int64_t odd = b & 1;
+    const auto square = [](std::int64_t n) {
+        return static_cast<double>(n) * static_cast<double>(n);
+    };
+    double dx = 4.0 * static_cast<double>(1 - a) * square(b);
+    double dy = 4.0 * static_cast<double>(odd + 1) * square(a);
+    double error = dx + dy + static_cast<double>(odd) * square(a);
+    std::int64_t y0 = box.top + (b + 1) / 2;
+    std::int64_t y1 = y0 - odd;
+    const auto mirrored = [&] {
+        outline.insert(outline.end(), {{x1, y0}, {x0, y0}, {x0, y1}, {x1, y1}});
+    };
+    do {
+        mirrored();
+        const double twice = 2 * error;
+        if (twice <= dy) {
+            ++y0;
+            --y1;
+            error += dy += 8.0 * square(a);
+        }
+        if (twice >= dx || 2 * error > dy) {
+            ++x0;
+            --x1;
+            error += dx += 8.0 * square(b);
+        }
+    } while (x0 <= x1);
+    --x0;
+    ++x1;
+    for (; y0 - y1 <= b; ++y0, --y1) mirrored();  // the tips of a narrow one
+    return outline;
+}
+
+/// The pixels of the edge in the rows and columns of the bitmap alone, for an ellipse that is much
+/// larger.
+Outline Reckon(const Box& box, const Bitmap& bitmap, std::int64_t margin) {
+    Outline outline;
+    const double a = static_cast<double>(box.right - 1 - box.left) / 2;
+    const double b = static_cast<double>(box.bottom - 1 - box.top) / 2;
+    const double cx = static_cast<double>(box.left) + a;
+    const double cy = static_cast<double>(box.top) + b;
+    const auto half = [](double radius, double other, double off) {
+        const double part = other > 0 ? off / other : 0;
+        return radius * std::sqrt(std::max(0.0, 1 - part * part));
+    };
+    const auto whole = [](double value) { return std::llround(value); };
+    const std::int64_t last_row = std::min<std::int64_t>(box.bottom, bitmap.height + margin);
+    for (std::int64_t y = std::max(box.top, -margin); y < last_row; ++y) {
+        const double h = half(a, b, static_cast<double>(y) - cy);
+        outline.insert(outline.end(), {{whole(cx - h), y}, {whole(cx + h), y}});
+    }
+    const std::int64_t last_column = std::min<std::int64_t>(box.right, bitmap.width + margin);
+    for (std::int64_t x = std::max(box.left, -margin); x < last_column; ++x) {
+        const double h = half(b, a, static_cast<double>(x) - cx);
+        outline.insert(outline.end(), {{x, whole(cy - h)}, {x, whole(cy + h)}});
+    }
+    return outline;
+}
+
+Outline OutlineOf(const Box& box, const Bitmap& bitmap, const Pen& pen) {
+    constexpr std::int64_t kLarge = 8192;
+    const bool large = box.right - box.left > kLarge || box.bottom - box.top > kLarge;
+    Outline outline = large ? Reckon(box, bitmap, pen.width) : StepAlong(box);
+    std::sort(outline.begin(), outline.end());
+    outline.erase(std::unique(outline.begin(), outline.end()), outline.end());
+    return outline;
+}
+
+void Stroke(const Bitmap& bitmap, const Pen& pen, const Outline& outline) {
+    for (const Place& place : outline) {
+        const bool near = place.x > -kFarthest && place.x < kFarthest && place.y > -kFarthest &&
+                          place.y < kFarthest;
+        if (near)
+            DrawSpot(bitmap, pen,
+                     {static_cast<std::int32_t>(place.x), static_cast<std::int32_t>(place.y)});
+    }
+}
+
+void FillInside(const Bitmap& bitmap, std::uint32_t colour, const Outline& outline) {
+    const auto rows = static_cast<std::size_t>(bitmap.height);
+    std::vector<std::pair<std::int64_t, std::int64_t>> spans(rows, {1, 0});
+    for (const Place& place : outline) {
+        if (place.y < 0 || place.y >= bitmap.height) continue;
+        auto& [left, right] = spans[static_cast<std::size_t>(place.y)];
+        if (left > right) left = right = place.x;
+        left = std::min(left, place.x);
+        right = std::max(right, place.x);
+    }
+    for (std::size_t y = 0; y < rows; ++y)
+        if (spans[y].first <= spans[y].second)
+            bitmap.Span(spans[y].first, spans[y].second + 1, static_cast<std::int64_t>(y), colour);
+}
+
+}  // namespace
+
+void DrawEllipse(const Bitmap& bitmap, const Pen& pen, std::optional<std::uint32_t> fill,
+                 const Box& box) {
+    if (box.Empty()) return;
+    const Outline outline = OutlineOf(box, bitmap, pen);
+    if (fill) FillInside(bitmap, *fill, outline);
+    Stroke(bitmap, pen, outline);
+}
+
+void DrawArc(const Bitmap& bitmap, const Pen& pen, const Box& box, POINT start, POINT end) {
+    if (box.Empty()) return;
+    const double cx = static_cast<double>(box.left + box.right - 1) / 2;
+    const double cy = static_cast<double>(box.top + box.bottom - 1) / 2;
+    const double a = static_cast<double>(box.right - box.left) / 2;
+    const double b = static_cast<double>(box.bottom - box.top) / 2;
+    constexpr double kTurn = 2 * std::numbers::pi;
+    const auto angle = [&](double x, double y) { return std::atan2((cy - y) / b, (x - cx) / a); };
+    const double from = angle(start.x, start.y);
+    double to = angle(end.x, end.y);
+    if (to <= from) to += kTurn;
+
+    std::vector<std::pair<double, Place>> part;
+    for (const Place& place : OutlineOf(box, bitmap, pen)) {
+        double at = angle(static_cast<double>(place.x), static_cast<double>(place.y));
+        while (at < from) at += kTurn;
+        if (at <= to) part.emplace_back(at, place);
+    }
+    std::sort(part.begin(), part.end());
+    const bool flat = box.right - box.left <= 2 || box.bottom - box.top <= 2;
+    if (part.size() > 1 && !flat) part.pop_back();
+    Outline outline;
+    for (const auto& [at, place] : part) outline.push_back(place);
+    Stroke(bitmap, pen, outline);
+}
+
+}  // namespace corvane::linux_desktop
