@@ -113,9 +113,12 @@ Clipboard::Keeper X11Clipboard::FindKeeper() {
 
 std::optional<std::string> X11Clipboard::ReadText(milliseconds patience) {
     if (!x_.usable()) return {};
-    for (const xcb_atom_t form : {utf8_string_, plain_utf8_})
-        if (auto text = Request(form, patience)) return text;
-    if (const auto text = Request(XCB_ATOM_STRING, patience)) return Utf8OfLatin1(*text);
+    for (const xcb_atom_t form : {utf8_string_, plain_utf8_, xcb_atom_t{XCB_ATOM_STRING}}) {
+        auto [answered, text] = Request(form, patience);
+        // Who is silent once is not asked again: the person waits.
+        if (!answered) return {};
+        if (text) return form == XCB_ATOM_STRING ? Utf8OfLatin1(*text) : std::move(*text);
+    }
     return {};
 }
 
@@ -127,7 +130,7 @@ std::uint32_t X11Clipboard::Copies() {
     return copies_;
 }
 
-std::optional<std::string> X11Clipboard::Request(xcb_atom_t form, milliseconds patience) {
+X11Clipboard::Reply X11Clipboard::Request(xcb_atom_t form, milliseconds patience) {
     const Requestor requestor(x_, target_);
     xcb_convert_selection(x_.connection(), requestor.window(), clipboard_, form, target_,
                           XCB_CURRENT_TIME);
@@ -138,15 +141,16 @@ std::optional<std::string> X11Clipboard::Request(xcb_atom_t form, milliseconds p
                    As<xcb_selection_notify_event_t>(event).requestor == requestor.window();
         },
         patience);
-    if (!answer || As<xcb_selection_notify_event_t>(*answer).property == XCB_ATOM_NONE) return {};
+    if (!answer) return {};
+    if (As<xcb_selection_notify_event_t>(*answer).property == XCB_ATOM_NONE)
+        return {.answered = true, .text = {}};
     auto value = requestor.Take();
-    if (value.type == XCB_ATOM_NONE) return {};
     if (value.type == incr_) return TakeParts(requestor, patience);
-    return std::move(value.bytes);
+    if (value.type == XCB_ATOM_NONE) return {.answered = true, .text = {}};
+    return {.answered = true, .text = std::move(value.bytes)};
 }
 
-std::optional<std::string> X11Clipboard::TakeParts(const Requestor& requestor,
-                                                   milliseconds patience) {
+X11Clipboard::Reply X11Clipboard::TakeParts(const Requestor& requestor, milliseconds patience) {
     std::string text;
     for (;;) {
         const auto part_is_there = WaitFor(
@@ -159,7 +163,7 @@ std::optional<std::string> X11Clipboard::TakeParts(const Requestor& requestor,
             patience);
         if (!part_is_there) return {};
         const auto part = requestor.Take();
-        if (part.bytes.empty()) return text;
+        if (part.bytes.empty()) return {.answered = true, .text = std::move(text)};
         text += part.bytes;
     }
 }

@@ -25,12 +25,15 @@ private:
     using Wanted = std::function<bool(const xcb_generic_event_t&)>;
     class Requestor;
 
+    struct Reply {
+        bool answered = false;            ///< false: the keeper has not gone on in time
+        std::optional<std::string> text;  ///< nothing: it does not have it in that form
+    };
+
     /// The clipboard in one of the forms in which its keeper may offer it.
-    [[nodiscard]] std::optional<std::string> Request(xcb_atom_t form,
-                                                     std::chrono::milliseconds patience);
+    [[nodiscard]] Reply Request(xcb_atom_t form, std::chrono::milliseconds patience);
     /// What arrives in parts, of which each is fetched before the next is sent.
-    [[nodiscard]] std::optional<std::string> TakeParts(const Requestor& requestor,
-                                                       std::chrono::milliseconds patience);
+    [[nodiscard]] Reply TakeParts(const Requestor& requestor, std::chrono::milliseconds patience);
     /// Waits for an event; nullptr if it has not come in time.
     [[nodiscard]] XcbReply<xcb_generic_event_t> WaitFor(const Wanted& wanted,
                                                         std::chrono::milliseconds patience);

@@ -46,6 +46,7 @@ public:
         x_.Sync();
     }
 
+    std::atomic<int> asked = 0;                 ///< how often it was asked for what it has
     std::atomic<bool> hangs = false;            ///< it answers nothing
     std::atomic<std::size_t> part_size = 0;     ///< not 0: it hands over in parts
     std::atomic<std::size_t> parts = 1U << 30;  ///< behind so many parts it hangs
@@ -62,6 +63,7 @@ private:
 
     void Take(const xcb_generic_event_t& event) {
         const int type = event.response_type & 0x7F;
+        if (type == XCB_SELECTION_REQUEST) ++asked;
         if (type == XCB_SELECTION_REQUEST && !hangs)
             Answer(reinterpret_cast<const xcb_selection_request_event_t&>(event));
         if (type == XCB_PROPERTY_NOTIFY) {
@@ -222,6 +224,7 @@ TEST_F(X11ClipboardTest, AProgramThatHangsCostsABoundedTimeAndLeavesNothingBehin
     other.Copy({{"UTF8_STRING", "late"}});
     X11Clipboard session(nullptr);
     EXPECT_EQ(session.ReadText(milliseconds(30)), std::nullopt);
+    EXPECT_LE(other.asked, 1);  // not once more for every other form of text
     other.hangs = false;
     EXPECT_EQ(session.ReadText(milliseconds(5000)), "late");
 }
