@@ -44,7 +44,7 @@ enum class ControlKind {
     ListView,      ///< rows under column headers; `text` is the headers, parted by LF
     Calendar,      ///< one month of a year, a day of it marked
     CommonDialog,  ///< nothing to see until it is shown
-    Line,           ///< from left, top to left + width, top + height
+    Line,          ///< from left, top to left + width, top + height
 };
 
 enum class ControlColours {
@@ -64,7 +64,7 @@ struct ControlDescription {
     std::string_view container = {};  ///< name of the frame that holds it; empty: the window itself
     ControlColours colours = ControlColours::System;
     std::string_view tool_tip = {};
-    std::string_view role = {};  ///< what it shows, in words, for people who do not see it
+    std::string_view role = {};     ///< what it shows, in words, for people who do not see it
     std::string_view picture = {};  ///< of a button: stands above its caption
     bool enabled = true;            ///< of a button, at first
     bool checked = false;           ///< of a check box, at first

@@ -316,8 +316,8 @@ protected:
     }};
     forms::Lazy<Form3> form3{
         [this] { return std::make_shared<Form3>(desktop.windows, loop, desktop.speech); }};
-    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice, speaker,  launcher,
-                                 form2,           tray,  log,        keywords, form1, form3};
+    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice,    speaker, launcher,
+                                 form2,           tray,  log,        keywords, form1,   form3};
 };
 
 TEST_F(DispatchWithVoice, AnAcceptedCommandEndsTheMarkingOfWords) {
