@@ -26,9 +26,9 @@ constexpr std::int32_t kSpFlags = SVSFlagsAsync + SVSFPurgeBeforeSpeak + SVSFIsX
 static_assert(kSpFlags == 11);
 
 /// The rules that show a month, in the order of the months.
-constexpr auto kMonths = std::to_array<std::string_view>(
-    {"January", "February", "March", "April", "May", "June", "July", "August", "September",
-     "October", "November", "December"});
+constexpr auto kMonths =
+    std::to_array<std::string_view>({"January", "February", "March", "April", "May", "June", "July",
+                                     "August", "September", "October", "November", "December"});
 
 }  // namespace
 
@@ -77,8 +77,8 @@ void Form3::init_calendar_rec(const std::string& myxfile) {
     step([&] { Id = rule->Id(); });
     step([&] { Grammar2->CmdSetRuleIdState(Id.rep(), SGDSActive); });
     step([&] { RC2->SetEventInterests(kInterests); });
-    // There is no voice yet, so this fails each time, deliberately: voice2 never speaks and keeps no
-    // interests.
+    // There is no voice yet, so this fails each time, deliberately: voice2 never speaks and keeps
+    // no interests.
     step([&] { voice2->SetEventInterests(SVEAudioLevel); });
 }
 
@@ -95,8 +95,7 @@ void Form3::RC2_Recognition(Long /*StreamNumber*/, const Variant& /*StreamPositi
         return;
     }
     const auto* month = std::ranges::find(kMonths, RuleName);
-    if (month != kMonths.end())
-        step([&] { Calendar1.SetMonth(month - kMonths.begin() + 1); });
+    if (month != kMonths.end()) step([&] { Calendar1.SetMonth(month - kMonths.begin() + 1); });
 }
 
 void Form3::Form_Resize() {

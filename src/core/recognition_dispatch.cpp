@@ -24,7 +24,8 @@ struct RuleTable {
         step([&] { self.runtime_.SendKeys(keys, true); });
     }
 
-    // The lists are those of the file as it is; what the person then changes reaches them from there.
+    // The lists are those of the file as it is; what the person then changes reaches them from
+    // there.
     static void ShowAddPrograms(Dispatch& self, const ResumeNext& step) {
         KeywordStore& keywords = self.keywords_;
         step([&] { self.add_programs_->Show(); });

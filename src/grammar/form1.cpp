@@ -84,8 +84,8 @@ void Form1::Command1_Click() {
         text2.SetText(LCase(comdlg.FileName));
 }
 
-// Add. The keyword is taken as it stands, even an empty one, and nobody looks whether the path names
-// a file.
+// Add. The keyword is taken as it stands, even an empty one, and nobody looks whether the path
+// names a file.
 void Form1::Command2_Click() {
     if (InStr(1, text2.Text(), ".exe") == 0) {
         parts_.runtime.MsgBox(kNoExecutable, kCritical, "Error");
@@ -131,9 +131,8 @@ void Form1::Command3_Click() {
 // Clear All leaves the boxes and Delete as they stand; Delete may stay enabled without a row.
 void Form1::Command4_Click() {
     ResumeNext step;
-    if (step.test([&] {
-            return parts_.runtime.MsgBox(kReallyClear, kYesNoQuestion, "WARNING!") == kNo;
-        }))
+    if (step.test(
+            [&] { return parts_.runtime.MsgBox(kReallyClear, kYesNoQuestion, "WARNING!") == kNo; }))
         return;
     step([&] { ListView1.Clear(); });
     step([&] { Command4.SetEnabled(false); });
@@ -155,8 +154,8 @@ void Form1::ListView1_Click() {
 }
 
 // A lighter way to take a row out than Delete, deliberately: its rule stays in the grammar and what
-// the recogniser listens for stays as it is. The last row even stays in the file, and comes back with
-// the window's next load.
+// the recogniser listens for stays as it is. The last row even stays in the file, and comes back
+// with the window's next load.
 void Form1::ListView1_DblClick() {
     ResumeNext step;
     std::string keyword;

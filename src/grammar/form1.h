@@ -18,8 +18,8 @@
 
 namespace corvane {
 
-/// The Add Programs window, in which a person ties spoken keywords to programs. It keeps the keyword
-/// store and the command grammar in step and hands a change over to the recogniser.
+/// The Add Programs window, in which a person ties spoken keywords to programs. It keeps the
+/// keyword store and the command grammar in step and hands a change over to the recogniser.
 ///
 /// The rows of its list are the working copy of the store: they are read from the file by position,
 /// a keyword and its path in turn, whatever the store's own test makes of those lines.

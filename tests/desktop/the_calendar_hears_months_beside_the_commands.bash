@@ -31,3 +31,9 @@ expect "the commands are on again" wait_until 10 accepted_are 1 "enable"
 "$tools/say-into-mic" --voice rms show me the calendar
 expect "the calendar is back" wait_until 10 window_is_there "$calendar"
 expect "hidden it has heard on" wait_until 10 month_is "February 2001"
+
+close_by_frame "$calendar"
+expect "the program runs on" program_is_running
+"$tools/say-into-mic" --voice rms show me the calendar
+expect "the calendar is built anew" wait_until 10 window_is_there "$calendar"
+expect "on its stored date" wait_until 10 month_is "October 2001"

@@ -59,3 +59,12 @@ marks_are() { [[ $(marks) == "$1" ]]; }
 
 date_shown() { "$tools/read-window" "$calendar" "Calendar" 2> /dev/null; }
 month_is() { [[ $(date_shown) == *"$1"* ]]; }
+
+# close_by_frame TITLE: the rightmost button of the title bar.
+close_by_frame() {
+    local X Y WIDTH HEIGHT WINDOW SCREEN
+    xdotool windowactivate --sync "$(window_of "$1")"
+    eval "$(xdotool getwindowgeometry --shell "$(window_of "$1")")"
+    xdotool mousemove --window "$WINDOW" $((WIDTH - 8)) -9 click 1
+    expect "the window $1 is closed" wait_until 10 window_gone "$1"
+}

@@ -39,9 +39,9 @@ public:
         return rows;
     }
     [[nodiscard]] std::string Selected() const {
-        return List().selected == kNoRow ? "(none)"
-                                         : List().rows.at(static_cast<std::size_t>(
-                                               List().selected))[0];
+        return List().selected == kNoRow
+                   ? "(none)"
+                   : List().rows.at(static_cast<std::size_t>(List().selected))[0];
     }
     [[nodiscard]] std::string Keyword() const { return Shown().texts.at("Text1").text; }
     [[nodiscard]] std::string Path() const { return Shown().texts.at("text2").text; }

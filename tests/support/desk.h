@@ -12,8 +12,8 @@ namespace corvane::testing {
 /// The whole system on a simulated desktop, with a person in front of it.
 class Desk {
 public:
-    /// Lays the built-in command grammar, the grammars of the quiet mode and of the calendar, and the
-    /// given keywords.txt beside the program.
+    /// Lays the built-in command grammar, the grammars of the quiet mode and of the calendar, and
+    /// the given keywords.txt beside the program.
     explicit Desk(const std::string& keywords_txt = {});
 
     simulated::SimulatedDesktop desktop;

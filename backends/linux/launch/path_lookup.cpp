@@ -20,8 +20,8 @@ bool Alike(const std::string& a, const std::string& b) {
     return std::ranges::equal(a, b, {}, Small, Small);
 }
 
-/// What a folder has under that name in any capitals: the exact spelling first, then in order, since
-/// a folder tells its names in none.
+/// What a folder has under that name in any capitals: the exact spelling first, then in order,
+/// since a folder tells its names in none.
 std::vector<fs::path> Spellings(const fs::path& folder, const std::string& name) {
     std::error_code ignored;
     std::vector<fs::path> found;

@@ -23,7 +23,8 @@ using Invocation = std::vector<std::string>;
 /// How to run the command line `line`. A program is named as in this system, where ".exe" may stand
 /// behind its name: what exists under the given path is taken first, then under the path without
 /// ".exe", each also in other capitals; a name without "/" is looked for on PATH, then as the id of
-/// a desktop entry, and the path of a desktop entry stands for its program. A program for Windows is run by wine. Nothing when none of it can be run.
+/// a desktop entry, and the path of a desktop entry stands for its program. A program for Windows
+/// is run by wine. Nothing when none of it can be run.
 [[nodiscard]] std::optional<Invocation> FindInvocation(const std::string& line,
                                                        const SearchPlaces& places);
 

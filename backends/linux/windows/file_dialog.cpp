@@ -41,8 +41,7 @@ std::vector<FileFilter> FiltersOf(const std::string& filter) {
         QString pattern = parts[i + 1];
         pattern.replace(u';', u' ').replace("*.*", "*");
         const bool programs = pattern == "*.exe";
-        filters.push_back(
-            {caption, caption + " (" + (programs ? "*" : pattern) + ")", programs});
+        filters.push_back({caption, caption + " (" + (programs ? "*" : pattern) + ")", programs});
     }
     return filters;
 }
@@ -85,8 +84,8 @@ public:
             const QString target = Words(application.entry);
             // Two may have one name; the second then shows whose it is.
             if (!QFile::link(target, folder.filePath(name)))
-                QFile::link(target, folder.filePath(
-                                        name + " (" + QFileInfo(target).completeBaseName() + ")"));
+                QFile::link(target, folder.filePath(name + " (" +
+                                                    QFileInfo(target).completeBaseName() + ")"));
         }
         empty_ = applications.empty();
     }

@@ -7,8 +7,9 @@
 
 namespace corvane::linux_desktop {
 
-/// A button, with its picture above its caption if it has one, that tells of each key that reaches it before it takes part in the key itself. Enter
-/// clicks it, as Space does; its access key gives it the focus, too.
+/// A button, with its picture above its caption if it has one, that tells of each key that reaches
+/// it before it takes part in the key itself. Enter clicks it, as Space does; its access key gives
+/// it the focus, too.
 class KeyedButton final : public QPushButton {
 public:
     KeyedButton(const QString& caption, QWidget* holder);

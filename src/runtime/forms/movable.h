@@ -7,8 +7,8 @@
 
 namespace corvane::forms {
 
-/// A control that the system puts elsewhere than its layout says. In twips, in single precision; the
-/// toolkit rounds to its pixels, the properties keep what was computed.
+/// A control that the system puts elsewhere than its layout says. In twips, in single precision;
+/// the toolkit rounds to its pixels, the properties keep what was computed.
 template <class Peer>
 class Movable {
 public:

@@ -18,11 +18,10 @@
 namespace corvane::linux_desktop {
 namespace {
 
-const FileDialogRequest kProgram{
-    .title = "Open exe file path",
-    .filter = "All Files (*.*)|*.*|Executable Files (*.exe)|*.exe",
-    .filter_index = 2,
-    .flags = kOverwritePrompt + kPathMustExist + kNoReadOnlyReturn};
+const FileDialogRequest kProgram{.title = "Open exe file path",
+                                 .filter = "All Files (*.*)|*.*|Executable Files (*.exe)|*.exe",
+                                 .filter_index = 2,
+                                 .flags = kOverwritePrompt + kPathMustExist + kNoReadOnlyReturn};
 
 class FileDialogTest : public testing::Test {
 protected:
@@ -106,8 +105,7 @@ TEST_F(FileDialogTest, BeginsWithTheExecutableFilesUnderItsTitle) {
     Ask([](QFileDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Open exe file path");
         EXPECT_EQ(dialog.selectedNameFilter(), "Executable Files");
-        EXPECT_EQ(dialog.nameFilters(),
-                  (QStringList{"All Files (*)", "Executable Files (*)"}));
+        EXPECT_EQ(dialog.nameFilters(), (QStringList{"All Files (*)", "Executable Files (*)"}));
     });
 }
 

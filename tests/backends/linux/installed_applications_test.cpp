@@ -12,8 +12,8 @@ class InstalledApplicationsTest : public testing::Test {
 protected:
     std::string Install(const std::string& file, const std::string& name,
                         const std::string& more = {}) {
-        return folder.Put(file, "[Desktop Entry]\nType=Application\nExec=true\nName=" + name +
-                                    "\n" + more);
+        return folder.Put(
+            file, "[Desktop Entry]\nType=Application\nExec=true\nName=" + name + "\n" + more);
     }
     [[nodiscard]] std::string Names(std::string_view locale = {}) const {
         std::string names;

@@ -79,9 +79,9 @@ protected:
         box = window->AddCheckBox(kControls[3], {.Click = [this](bool checked) {
                                       told += checked ? "checked\n" : "not checked\n";
                                   }});
-        days = window->AddCalendar(kControls[4], kDays, {.Chosen = [this](const CalendarDate& date) {
-                                       chosen.push_back(date);
-                                   }});
+        days = window->AddCalendar(
+            kControls[4], kDays,
+            {.Chosen = [this](const CalendarDate& date) { chosen.push_back(date); }});
         for (const char* text : {"one", "two", "three"}) rows->AddRow(text);
         rows->SelectRow(0);
         window->Show();

@@ -18,9 +18,9 @@ using testing::kCalendarXml;
 using testing::kKeywordsXml;
 using testing::SimpleRule;
 
-constexpr auto kMonths = std::to_array<std::string_view>(
-    {"January", "February", "March", "April", "May", "June", "July", "August", "September",
-     "October", "November", "December"});
+constexpr auto kMonths =
+    std::to_array<std::string_view>({"January", "February", "March", "April", "May", "June", "July",
+                                     "August", "September", "October", "November", "December"});
 
 class Form3Test : public ::testing::Test {
 protected:
@@ -294,11 +294,9 @@ TEST_F(Form3Test, AnEngineThatHasGoneLeavesADeafWindowWhoseClosingEndsTheProcess
 TEST_F(Form3Test, ResizingRescalesTheCalendarByTheOuterSizesAndKeepsItsCorner) {
     Open();
     // The simulated desktop's frame: 120 wider, 405 higher.
-    EXPECT_EQ(Calendar().place,
-              (ComputedPlace{0, 0, 0.98F * (4680 + 120), 0.9F * (3195 + 405)}));
+    EXPECT_EQ(Calendar().place, (ComputedPlace{0, 0, 0.98F * (4680 + 120), 0.9F * (3195 + 405)}));
     desk.desktop.windows.Resize("Form3", 6000, 5000);
-    EXPECT_EQ(Calendar().place,
-              (ComputedPlace{0, 0, 0.98F * (6000 + 120), 0.9F * (5000 + 405)}));
+    EXPECT_EQ(Calendar().place, (ComputedPlace{0, 0, 0.98F * (6000 + 120), 0.9F * (5000 + 405)}));
 }
 
 TEST_F(Form3Test, AChangeOfTheMainGrammarLeavesTheCalendarListening) {

@@ -19,14 +19,27 @@ struct Guard {
     const char* failing;  ///< the operation that is told to fail
     std::function<void(Desk&)> act;
     Effect effect;
+    std::function<void(Desk&)> before = [](Desk&) {};  ///< while nothing fails yet
 };
 
 void ClickMenu(Desk& desk, const char* menu) {
     desk.desktop.Drive([&] { desk.desktop.windows.ClickMenu("Form2", menu); });
 }
 
-void ClickButton(Desk& desk, const char* button) {
-    desk.desktop.Drive([&] { desk.desktop.windows.Click("Form2", button); });
+void ClickButton(Desk& desk, const char* button, const char* window = "Form2") {
+    desk.desktop.Drive([&] { desk.desktop.windows.Click(window, button); });
+}
+
+/// The Add Programs window with two rows, the first chosen.
+void OpenAddPrograms(Desk& desk) {
+    desk.Teach("one", "/one.exe");
+    desk.Teach("two", "/two.exe");
+    desk.Hear("add program");
+    desk.desktop.Drive([&] { desk.desktop.windows.ClickRow("Form1", "ListView1", 0); });
+}
+
+void OpenCalendar(Desk& desk) {
+    desk.Hear("calendar");
 }
 
 const Guard kGuards[] = {
@@ -98,12 +111,58 @@ const Guard kGuards[] = {
      Effect::EndsTheProcess},
     {"the help entry", "CreateInternetExplorer", [](Desk& desk) { ClickMenu(desk, "mnuHDoc"); },
      Effect::EndsTheProcess},
+    {"Form1's load", "FileLen", [](Desk& desk) { desk.Hear("add program"); }, Effect::PassedOver},
+    {"Browse", "AskForFile", [](Desk& desk) { ClickButton(desk, "Command1", "Form1"); },
+     Effect::EndsTheProcess, OpenAddPrograms},
+    {"Add", "WriteLine",
+     [](Desk& desk) {
+         desk.desktop.Drive([&] { desk.desktop.windows.Type("Form1", "Text1", " more"); });
+         ClickButton(desk, "Command2", "Form1");
+     },
+     Effect::EndsTheProcess, OpenAddPrograms},
+    {"Delete", "WriteLine", [](Desk& desk) { ClickButton(desk, "Command3", "Form1"); },
+     Effect::EndsTheProcess, OpenAddPrograms},
+    {"Clear All", "CreateTextFile", [](Desk& desk) { ClickButton(desk, "Command4", "Form1"); },
+     Effect::PassedOver, OpenAddPrograms},
+    {"a double click", "CreateTextFile",
+     [](Desk& desk) {
+         desk.desktop.Drive([&] { desk.desktop.windows.DoubleClickRow("Form1", "ListView1", 0); });
+     },
+     Effect::PassedOver, OpenAddPrograms},
+    {"a click on a row", "SetText",
+     [](Desk& desk) {
+         desk.desktop.Drive([&] { desk.desktop.windows.ClickRow("Form1", "ListView1", 1); });
+     },
+     Effect::EndsTheProcess, OpenAddPrograms},
+    {"the search while typing", "SelectRow",
+     [](Desk& desk) { desk.desktop.Drive([&] { desk.desktop.windows.Erase("Form1", "Text1"); }); },
+     Effect::PassedOver, OpenAddPrograms},
+    {"the search of the check box", "SelectRow",
+     [](Desk& desk) {
+         desk.desktop.Drive([&] { desk.desktop.windows.Check("Form1", "Check2", true); });
+     },
+     Effect::EndsTheProcess, OpenAddPrograms},
+    {"the calendar's own recogniser", "CmdLoadFromFile", [](Desk& desk) { desk.Hear("calendar"); },
+     Effect::PassedOver},
+    {"the calendar's voice, by the command that shows it", "CreateSpVoice",
+     [](Desk& desk) { desk.Hear("calendar"); }, Effect::PassedOver},
+    {"RC2_Recognition", "SetDate", [](Desk& desk) { desk.Hear("March"); }, Effect::PassedOver,
+     OpenCalendar},
+    {"Form3's resize", "SetPlace",
+     [](Desk& desk) {
+         desk.desktop.Drive([&] { desk.desktop.windows.Resize("Form3", 5000, 5000); });
+     },
+     Effect::EndsTheProcess, OpenCalendar},
+    {"Form3's unload", "CmdSetRuleIdState",
+     [](Desk& desk) { desk.desktop.Drive([&] { desk.desktop.windows.CloseByFrame("Form3"); }); },
+     Effect::EndsTheProcess, OpenCalendar},
 };
 
 TEST(Guards, AnErrorIsPassedOverOrEndsTheProcessPlaceByPlace) {
     for (const Guard& guard : kGuards) {
         Desk desk;
         desk.Start();
+        guard.before(desk);
         if (std::string(guard.failing) != "rc.EventInterests")
             desk.desktop.record.Fail(guard.failing, kAutomationError);
         guard.act(desk);

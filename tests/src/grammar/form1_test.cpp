@@ -39,11 +39,7 @@ TEST_F(Form1Test, ControlsStandWhereTheyBelongInTheirTabOrder) {
         int tab;
     };
     const Place places[] = {
-        {"ListView1",
-         ControlKind::ListView,
-         "Program Name\nProgram Path",
-         {37, 15, 7680, 2880},
-         0},
+        {"ListView1", ControlKind::ListView, "Program Name\nProgram Path", {37, 15, 7680, 2880}, 0},
         {"Text1", ControlKind::TextBox, "", {705, 2970, 1110, 285}, 1},
         {"Label1", ControlKind::Label, "Keyword:", {30, 3015, 660, 195}, 2},
         {"text2", ControlKind::TextBox, "", {705, 3360, 3075, 285}, 3},

@@ -63,8 +63,10 @@ TEST_F(CalendarTest, LeapYearsHaveTheirDay) {
 }
 
 TEST_F(CalendarTest, ValuesOutOfRangeAreRefusedAndChangeNothing) {
-    for (const int month : {0, 13, -1}) EXPECT_ERROR(kInvalidPropertyValue, (days.SetMonth(month), 0));
-    for (const int year : {1899, 2101}) EXPECT_ERROR(kInvalidPropertyValue, (days.SetYear(year), 0));
+    for (const int month : {0, 13, -1})
+        EXPECT_ERROR(kInvalidPropertyValue, (days.SetMonth(month), 0));
+    for (const int year : {1899, 2101})
+        EXPECT_ERROR(kInvalidPropertyValue, (days.SetYear(year), 0));
     for (const int day : {0, 32}) EXPECT_ERROR(kInvalidPropertyValue, (days.SetDay(day), 0));
     EXPECT_EQ(Shown(), (CalendarDate{2003, 12, 31}));
 }

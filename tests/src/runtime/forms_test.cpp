@@ -126,6 +126,50 @@ TEST_F(FormsTest, ANewCaretOrTextEndsTheMark) {
     EXPECT_EQ(Shown().length, 0);
 }
 
+TEST_F(FormsTest, TheFirstShowingRaisesResizeAndLaterOnesDoNot) {
+    int resizes = 0;
+    notes->Resize = [&] {
+        ++resizes;
+        EXPECT_FALSE(desktop.windows.Window("Notes").visible);
+    };
+    notes->Show();
+    notes->Hide();
+    notes->Resize = [&] { ++resizes; };
+    notes->Show();
+    EXPECT_EQ(resizes, 1);
+    desktop.windows.Resize("Notes", 3000, 1500);
+    EXPECT_EQ(resizes, 2);
+    EXPECT_EQ(notes->ScaleWidth(), 3000.0F);
+    EXPECT_EQ(notes->Width(), 3120.0F);
+    EXPECT_EQ(notes->Height(), 1905.0F);
+}
+
+TEST_F(FormsTest, AWindowThatIsLetGoWhenItIsClosedIsCreatedAndLoadedAgain) {
+    std::string order;
+    notes->Unload = [&] { order += "unload "; };
+    notes->Closed = [&] {
+        order += desktop.windows.Window("Notes").visible ? "visible " : "hidden ";
+        notes.LetGo();
+    };
+    notes->Show();
+    notes->Note.SetText("second");
+    const HWND handle = notes->hWnd();
+    desktop.windows.CloseByFrame("Notes");
+    EXPECT_EQ(order, "unload hidden ");
+    EXPECT_FALSE(notes.Loaded());
+    EXPECT_EQ(notes->Note.Text(), "first");
+    EXPECT_EQ(loads, 2);
+    EXPECT_NE(notes->hWnd(), handle);
+}
+
+TEST_F(FormsTest, AModalWindowMayBeLetGoWhileItStands) {
+    notes->Closed = [&] { notes.LetGo(); };
+    desktop.queue.PostAfter(std::chrono::seconds(1),
+                            [&] { desktop.windows.CloseByFrame("Notes"); });
+    notes->ShowModal();
+    EXPECT_FALSE(notes.Loaded());
+}
+
 TEST_F(FormsTest, AnErrorInAPersonsEventEndsTheProcess) {
     notes->mnuDone.Click = [] { throw RuntimeError(kFileNotFound, "File not found"); };
     desktop.Drive([&] { desktop.windows.ClickMenu("Notes", "mnuDone"); });

@@ -71,5 +71,11 @@ TEST(Text, AVariantIsItsDigitsAndAnEmptyOneNothing) {
     EXPECT_EQ(CStr(Variant()), "");
 }
 
+TEST(Text, LCaseLowersTheLettersAToZAndLeavesTheRest) {
+    EXPECT_EQ(LCase("C:/Programs/Editor.EXE"), "c:/programs/editor.exe");
+    EXPECT_EQ(LCase("[@Z`\xC3\x84"), "[@z`\xC3\x84");
+    EXPECT_EQ(LCase(""), "");
+}
+
 }  // namespace
 }  // namespace corvane
