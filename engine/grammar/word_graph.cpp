@@ -122,7 +122,8 @@ private:
                         graph_.words.push_back({.spelling = word,
                                                 .rule = static_cast<int>(rule),
                                                 .shared = false,
-                                                .pronunciations = {}});
+                                                .searched = false,
+                                                .pronunciations = WaysToSay(word)});
     }
 
     void AddRule(std::size_t rule) {
@@ -139,8 +140,7 @@ private:
             const int next = i + 1 < end ? NewState() : SharedEnd(rule, end);
             AddElement(state, next, elements[i], [this](const std::string& spelling) {
                 const int word = own_words_.at(spelling);
-                auto& ways = graph_.words[static_cast<std::size_t>(word)].pronunciations;
-                if (ways.empty()) ways = WaysToSay(spelling);
+                graph_.words[static_cast<std::size_t>(word)].searched = true;
                 return word;
             });
             state = next;
@@ -182,6 +182,7 @@ private:
                 graph_.words.push_back({.spelling = spelling,
                                         .rule = static_cast<int>(rule),
                                         .shared = true,
+                                        .searched = true,
                                         .pronunciations = WaysToSay(spelling)});
             return entry->second;
         });

@@ -23,7 +23,8 @@ struct WordGraph {
         std::string spelling;  ///< as the grammar spells it
         int rule = 0;          ///< index of its rule among those compiled; of shared: the first
         bool shared = false;   ///< arcs of it belong to several rules
-        /// Empty when no arc leads over it: its rule has it in shared arcs only.
+        bool searched =
+            false;  ///< arcs lead over it; otherwise its rule has it in shared ones only
         std::vector<std::string> pronunciations;
     };
     struct Arc {

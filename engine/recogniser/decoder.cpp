@@ -113,7 +113,7 @@ void Decoder::Search() {
     std::map<std::string, int> uses;
     for (std::size_t i = 0; i < graph_.words.size(); ++i) {
         const WordGraph::Word& word = graph_.words[i];
-        if (word.pronunciations.empty()) continue;
+        if (!word.searched) continue;
         const std::string name = Teach(word, uses[word.spelling]++);
         ids[i] = fsg_model_word_add(fsg.get(), name.c_str());
         graph_words_.emplace(name, static_cast<int>(i));

@@ -68,7 +68,7 @@ void CheckGraph(const Grammar& grammar) {
         if (arc.word == WordGraph::kNoWord) continue;
         std::vector<int> path{arc.word};
         const WordGraph::Word word = graph.words.at(static_cast<std::size_t>(arc.word));
-        Require(!word.pronunciations.empty(), "a word on an arc can be said");
+        Require(word.searched && !word.pronunciations.empty(), "a word on an arc can be said");
         graph.Attribute(path);
         const WordGraph::Word& own = graph.words.at(static_cast<std::size_t>(path[0]));
         Require(own.spelling == word.spelling && !own.shared, "a word is attributed to a rule");
