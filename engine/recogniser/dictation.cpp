@@ -20,8 +20,8 @@ constexpr auto kFrame = std::chrono::milliseconds(1000 / Endpointer::kFramesPerS
 /// What a supposition needs of new sound: four a second at most.
 constexpr std::size_t kSamplesPerHypothesis = kSampleRate / 4;
 
-// In texts of high confidence 96 % of the words were right, of normal 73 %; README.md beside this file
-// has the measurement.
+// In texts of high confidence 96 % of the words were right, of normal 73 %; README.md beside this
+// file has the measurement.
 constexpr double kHighCertainty = 0.8;
 constexpr double kNormalCertainty = 0.5;
 
