@@ -20,8 +20,8 @@ constexpr auto kFrame = std::chrono::milliseconds(1000 / Endpointer::kFramesPerS
 /// What a supposition needs of new sound: four a second at most.
 constexpr std::size_t kSamplesPerHypothesis = kSampleRate / 4;
 
-// In texts of high confidence 96 % of the words were right, of normal 73 %; README.md beside this file
-// has the measurement.
+// In texts of high confidence 96 % of the words were right, of normal 73 %; README.md beside this
+// file has the measurement.
 constexpr double kHighCertainty = 0.8;
 constexpr double kNormalCertainty = 0.5;
 
@@ -127,6 +127,14 @@ void Dictation::WaitUntilWritten() {
     });
 }
 
+// The first may have gone otherwise than by this thread: Want forgets.
+void Dictation::TakeFirst() {
+    const std::shared_ptr<Utterance> first = queue_.empty() ? nullptr : queue_.front();
+    if (first == followed_utterance_) return;
+    followed_utterance_ = first;
+    followed_ = supposed_at_ = 0;
+}
+
 Dictation::Task Dictation::NextTask() const {
     if (!wanted_ && decoder_) return Task::unload;
     if (wanted_ && !decoder_ && !failed_) return Task::load;
@@ -143,7 +151,10 @@ Dictation::Task Dictation::NextTask() const {
 void Dictation::Run() {
     std::unique_lock lock(mutex_);
     for (;;) {
-        changed_.wait(lock, [this] { return stopping_ || NextTask() != Task::none; });
+        changed_.wait(lock, [this] {
+            TakeFirst();
+            return stopping_ || NextTask() != Task::none;
+        });
         if (stopping_) return;
         switch (NextTask()) {
             case Task::load:
@@ -160,7 +171,6 @@ void Dictation::Run() {
                 break;
             case Task::discard:
                 queue_.pop_front();
-                followed_ = supposed_at_ = 0;
                 changed_.notify_all();
                 break;
             case Task::none:
@@ -238,7 +248,6 @@ void Dictation::WriteFirst(std::unique_lock<std::mutex>& lock) {
         }
     }
     std::erase(queue_, utterance);
-    followed_ = supposed_at_ = 0;
     changed_.notify_all();
 }
 

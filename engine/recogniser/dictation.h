@@ -74,6 +74,7 @@ private:
     enum class Task { none, load, unload, discard, write, follow };
 
     void Run();
+    void TakeFirst();
     [[nodiscard]] Task NextTask() const;
     void Load(std::unique_lock<std::mutex>& lock);
     void Unload(std::unique_lock<std::mutex>& lock);
@@ -96,8 +97,9 @@ private:
 
     // The own thread's.
     std::unique_ptr<DictationDecoder> decoder_;
-    std::size_t followed_ = 0;  ///< samples of the first utterance that were decoded live
-    std::size_t supposed_at_ = 0;
+    std::shared_ptr<Utterance> followed_utterance_;  ///< the first of the queue
+    std::size_t followed_ = 0;                       ///< samples of it that were decoded live
+    std::size_t supposed_at_ = 0;  ///< how many there were at the last supposition
     std::vector<std::string> supposed_;
 
     std::thread thread_;

@@ -109,6 +109,16 @@ TEST_F(Dictating, SurelyHeardCommandOfAnotherContextIsNoText) {
     EXPECT_TRUE(Says(pad.recognised[0], kThanks));
 }
 
+TEST_F(Dictating, OfTwoThatDictateTheNewerContextIsTold) {
+    const Listening older(*room.engine, time_file.Path());
+    const Listening newer(*room.engine, months_file.Path());
+    StartDictation(*newer.grammar);
+    StartDictation(*older.grammar);
+    room.HearToTheEnd(Say(kThanks, "rms"));
+    EXPECT_TRUE(older.recognised.empty());
+    EXPECT_EQ(newer.recognised.size(), 1U);
+}
+
 TEST_F(Dictating, TextIsSupposedWhileItIsSaid) {
     const Listening pad(*room.engine, time_file.Path());
     StartDictation(*pad.grammar);
