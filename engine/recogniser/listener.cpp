@@ -104,8 +104,11 @@ void Listener::AwaitVocabulary() {
     std::shared_ptr<const Vocabulary> vocabulary;
     {
         std::unique_lock lock(mutex_);
-        while (next_vocabulary_ && !VocabularyIsDue() && !stopping_)
-            vocabulary_came_.wait_until(lock, next_vocabulary_->holds_from);
+        while (next_vocabulary_ && !VocabularyIsDue() && !stopping_) {
+            // A copy: the vocabulary may be replaced while this waits.
+            const Clock::time_point holds_from = next_vocabulary_->holds_from;
+            vocabulary_came_.wait_until(lock, holds_from);
+        }
         vocabulary.swap(next_vocabulary_);
     }
     if (vocabulary) UseVocabulary(std::move(vocabulary));
