@@ -21,10 +21,10 @@ struct Cut {
 /// The best place to cut a text that is longer than `room`.
 Cut FindCut(std::string_view text, std::size_t room) {
     std::size_t word_end = 0;
-    for (std::size_t at = room; at > 0; --at) {
+    for (std::size_t at = room; at-- > 0;) {
         if (!IsBlank(text[at])) continue;
         if (word_end == 0) word_end = at + 1;
-        if (std::string_view(".!?").find(text[at - 1]) != std::string_view::npos)
+        if (at > 0 && std::string_view(".!?").find(text[at - 1]) != std::string_view::npos)
             return {.length = at + 1, .ends_sentence = true};
     }
     return {.length = word_end, .ends_sentence = false};

@@ -139,8 +139,6 @@ void Voice::TellWhatWasHeard() {
 }
 
 void Voice::Tell(VoiceEvent event) {
-    if (const auto* level = std::get_if<LevelMark>(&event.what))
-        if (std::exchange(level_, level->level) == level->level) return;
     const std::lock_guard lock(post_mutex_);
     if (!post_) return;
     post_([listener = std::weak_ptr(listener_), event = std::move(event)] {

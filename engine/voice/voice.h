@@ -88,8 +88,7 @@ private:
 
     // The thread's own.
     std::deque<Stream> streams_;
-    std::deque<Due> due_;     ///< in the order of their times
-    std::int32_t level_ = 0;  ///< the last one told
+    std::deque<Due> due_;  ///< in the order of their times
     PulsePlayback playback_;
 
     std::thread thread_;

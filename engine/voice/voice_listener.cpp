@@ -24,7 +24,7 @@ Variant PositionOf(const VoiceEvent& event) {
 
 }  // namespace
 
-void VoiceListener::Tell(const VoiceEvent& event) const {
+void VoiceListener::Tell(const VoiceEvent& event) {
     if (event.stream <= cut_off_) return;
     // The handlers are copied: one may connect others while it runs.
     if (const auto* word = std::get_if<Word>(&event.what)) {
@@ -34,7 +34,8 @@ void VoiceListener::Tell(const VoiceEvent& event) const {
                     static_cast<std::int32_t>(word->length));
     } else if (const auto* level = std::get_if<LevelMark>(&event.what)) {
         const auto handler = handlers_.AudioLevel;
-        if ((interests_ & SVEAudioLevel) != 0 && handler)
+        if ((interests_ & SVEAudioLevel) != 0 && handler &&
+            std::exchange(level_, level->level) != level->level)
             handler(event.stream, PositionOf(event), level->level);
     } else if (const auto* bookmark = std::get_if<BookmarkMark>(&event.what)) {
         const auto handler = handlers_.Bookmark;

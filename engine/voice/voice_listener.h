@@ -28,13 +28,14 @@ public:
 
     /// From now on nothing of this stream nor of any before it is told.
     void CutOff(std::int32_t stream) { cut_off_ = stream; }
-    /// Calls the handler of the event, if it is of interest.
-    void Tell(const VoiceEvent& event) const;
+    /// Calls the handler of the event, if it is of interest. A level is told when it is another.
+    void Tell(const VoiceEvent& event);
 
 private:
     SpeechVoiceHandlers handlers_;
     std::int32_t interests_ = 0;
     std::int32_t cut_off_ = 0;
+    std::int32_t level_ = 0;  ///< the last one told
 };
 
 }  // namespace corvane::engine

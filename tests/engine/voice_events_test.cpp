@@ -157,6 +157,20 @@ TEST_F(TellingVoice, FallsToLevelNothingWhenItIsCutOff) {
     EXPECT_EQ(levels, std::vector<std::int32_t>{0});
 }
 
+TEST_F(TellingVoice, FallsToLevelNothingThoughTheOneWhoCutItOffIsCutOffToo) {
+    voice->SetEventInterests(kReading);
+    voice->Speak("one two three four five six seven", kFlags);
+    EXPECT_FALSE(voice->WaitUntilDone(300));
+    messages.Run();
+    ASSERT_FALSE(levels.empty());
+    for (int i = 0; i < 3; ++i) {
+        voice->Speak("", kFlags);
+        ASSERT_TRUE(voice->WaitUntilDone(1000));
+    }
+    messages.Run();
+    EXPECT_EQ(levels.back(), 0);
+}
+
 TEST_F(TellingVoice, LevelFollowsTheSoundAndEndsAtNothing) {
     voice->SetEventInterests(SVEAudioLevel);
     voice->Speak("How loud is this sentence?", kFlags);

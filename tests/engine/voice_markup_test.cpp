@@ -193,6 +193,13 @@ TEST(Pieces, TextWithoutPunctuationIsCutBetweenWords) {
     EXPECT_EQ(joined, text);
 }
 
+TEST(Pieces, BlankBehindAFullPieceGoesToTheNext) {
+    const auto pieces = CutIntoPieces(PlainText(std::string(kLongestPiece, 'x') + " y"));
+    ASSERT_EQ(pieces.size(), 2U);
+    EXPECT_EQ(TextOf(pieces[0]).size(), kLongestPiece);
+    EXPECT_EQ(TextOf(pieces[1]), " y");
+}
+
 TEST(Pieces, EndlessWordIsCutBetweenCharacters) {
     std::string text;
     for (int i = 0; i < 500; ++i) text += "\xE2\x82\xAC";
