@@ -16,7 +16,7 @@ namespace corvane::linux_desktop {
 namespace {
 
 QColor Colour(std::int32_t value) {
-    return QColor(value & 0xFF, value >> 8 & 0xFF, value >> 16 & 0xFF);
+    return {value & 0xFF, value >> 8 & 0xFF, value >> 16 & 0xFF};
 }
 
 }  // namespace

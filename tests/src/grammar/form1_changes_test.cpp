@@ -2,6 +2,7 @@
 // What a change in the Add Programs window does to the files, the lists and the recogniser.
 #include <algorithm>
 #include <functional>
+#include <ostream>
 
 #include "support/add_programs.h"
 
@@ -87,6 +88,10 @@ struct Change {
     std::vector<std::string> rules;  ///< keywords whose rules stand in keywords.xml afterwards
     std::string calls;
 };
+
+void PrintTo(const Change& change, std::ostream* stream) {
+    *stream << change.what;
+}
 
 class ReachesTheRecogniser : public TaughtByTheWindow,
                              public ::testing::WithParamInterface<Change> {};
