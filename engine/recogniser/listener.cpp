@@ -13,9 +13,8 @@ namespace {
 constexpr auto kFrame = std::chrono::milliseconds(1000 / Endpointer::kFramesPerSecond);
 constexpr std::int64_t kBytesPerFrame = Endpointer::kFrameSamples * sizeof(std::int16_t);
 
-/// How much stillness is kept, so that an utterance can begin in it.
-constexpr std::size_t kKeptSamples =
-    (Endpointer::kLeadingFrames + Endpointer::kTrailingFrames + 20) * Endpointer::kFrameSamples;
+/// Old sound is thrown away a second at a time.
+constexpr std::int64_t kForgottenFrames = Endpointer::kFramesPerSecond;
 
 constexpr std::int64_t kFramesPerHypothesis = 20;
 
@@ -82,32 +81,41 @@ void Listener::TakeVocabulary() {
 }
 
 void Listener::Hear(std::span<const std::int16_t> frame) {
+    Forget();
     sound_.insert(sound_.end(), frame.begin(), frame.end());
     const Endpointer::Event event = endpointer_.Push(frame);
     feedback_.Hear(frame, endpointer_.Position() * kBytesPerFrame, interests_);
     switch (event) {
         case Endpointer::Event::speech_began:
-            BeginHypotheses();
+            if (endpointer_.Whole()) BeginHypotheses();
             break;
         case Endpointer::Event::speech_ended:
             EndUtterance();
             break;
+        case Endpointer::Event::speech_denied:
+            supposing_ = false;
+            break;
         case Endpointer::Event::none:
-            if (endpointer_.InSpeech()) {
-                if (supposing_) decoder_->FeedLive(frame);
-                if (endpointer_.Position() % kFramesPerHypothesis == 0) Suppose();
-            } else if (sound_.size() > 2 * kKeptSamples) {
-                const std::size_t old = sound_.size() - kKeptSamples;
-                sound_.erase(sound_.begin(), sound_.begin() + static_cast<std::ptrdiff_t>(old));
-                sound_begin_ += static_cast<std::int64_t>(old / Endpointer::kFrameSamples);
-            }
+            if (!endpointer_.InSpeech()) break;
+            if (supposing_) decoder_->FeedLive(frame);
+            if (endpointer_.Position() % kFramesPerHypothesis == 0) Suppose();
             break;
     }
 }
 
-std::span<const std::int16_t> Listener::Utterance() const {
-    const auto before = static_cast<std::size_t>(endpointer_.Begin() - sound_begin_);
-    return std::span(sound_).subspan(before * Endpointer::kFrameSamples);
+void Listener::Forget() {
+    const std::int64_t frames = endpointer_.EarliestBegin() - sound_begin_;
+    if (frames < kForgottenFrames) return;
+    const std::int64_t old = frames * static_cast<std::int64_t>(Endpointer::kFrameSamples);
+    sound_.erase(sound_.begin(), sound_.begin() + old);
+    sound_begin_ += frames;
+}
+
+std::span<const std::int16_t> Listener::Sound(std::int64_t begin, std::int64_t end) const {
+    const auto from = static_cast<std::size_t>(begin - sound_begin_);
+    const auto frames = static_cast<std::size_t>(end - begin);
+    return std::span(sound_).subspan(from * Endpointer::kFrameSamples,
+                                     frames * Endpointer::kFrameSamples);
 }
 
 void Listener::BeginHypotheses() {
@@ -115,7 +123,7 @@ void Listener::BeginHypotheses() {
     supposing_ = (interests_ & SREHypothesis) != 0;
     if (!supposing_) return;
     decoder_->BeginLive();
-    decoder_->FeedLive(Utterance());
+    decoder_->FeedLive(Sound(endpointer_.Begin(), endpointer_.Position()));
 }
 
 void Listener::Suppose() {
@@ -133,7 +141,10 @@ void Listener::Suppose() {
 void Listener::EndUtterance() {
     const auto since = Clock::now();
     supposing_ = false;
-    const Path path = decoder_->Decode(Utterance());
+    // A command is all that is said at a time: what a television says at the end of a minute is
+    // none.
+    if (!endpointer_.Whole()) return;
+    const Path path = decoder_->Decode(Sound(endpointer_.Begin(), endpointer_.End()));
     std::optional<RecognisedPhrase> phrase = PhraseOf(path, since);
     const SpeechEngineConfidence confidence = phrase ? phrase->confidence : SECLowConfidence;
     if (phrase) {
@@ -144,11 +155,7 @@ void Listener::EndUtterance() {
 }
 
 void Listener::TellHowItWasSaid(const Path& path, SpeechEngineConfidence confidence) {
-    const std::int64_t frames = endpointer_.LastLoud() - endpointer_.Begin();
-    // What finds no end is the room.
-    if (endpointer_.Position() - endpointer_.Begin() >= Endpointer::kLongestFrames) return;
-    UtteranceSound sound = MeasureUtterance(
-        Utterance().first(static_cast<std::size_t>(frames) * Endpointer::kFrameSamples));
+    UtteranceSound sound = MeasureUtterance(Sound(endpointer_.Begin(), endpointer_.LastLoud()));
     if (confidence > SECLowConfidence) MeasurePace(sound, path, vocabulary_->graph);
     feedback_.HearUtterance(sound, endpointer_.Position() * kBytesPerFrame, interests_);
 }

@@ -56,7 +56,10 @@ private:
     void Suppose();
     void EndUtterance();
     void TellHowItWasSaid(const Path& path, SpeechEngineConfidence confidence);
-    [[nodiscard]] std::span<const std::int16_t> Utterance() const;
+    /// Throws away what no utterance can need any more.
+    void Forget();
+    /// What was heard between two frames of the stream.
+    [[nodiscard]] std::span<const std::int16_t> Sound(std::int64_t begin, std::int64_t end) const;
     [[nodiscard]] std::optional<RecognisedPhrase> PhraseOf(const Path& path,
                                                            Clock::time_point since) const;
     void PostResult(RecognisedPhrase phrase, const Path& path, bool final);
@@ -74,7 +77,7 @@ private:
     std::shared_ptr<const Vocabulary> vocabulary_;
     Endpointer endpointer_;
     SoundFeedback feedback_;
-    std::vector<std::int16_t> sound_;  ///< of the utterance, or the last moment of stillness
+    std::vector<std::int16_t> sound_;  ///< of the utterance, or what may yet belong to one
     std::int64_t sound_begin_ = 0;     ///< frame of the stream at which it begins
     bool supposing_ = false;
     std::vector<std::string> supposed_;  ///< words of the last hypothesis
