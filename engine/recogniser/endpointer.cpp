@@ -18,7 +18,7 @@ constexpr int kResumingFrames = 10;
 constexpr unsigned long kLastThree = 0b111;
 
 /// This many voiced frames out of 40 are a voice; the shortest words have 8, knocks have 4 at most.
-constexpr std::size_t kFewestVoiced = 5;
+constexpr std::size_t kFewestVoiced = 7;
 /// What has no voice before a word may be its first sound only as long as this.
 constexpr int kBeforeVoice = 100;
 /// Loud sound without a voice that goes on for so long behind a word is no part of it.
