@@ -24,7 +24,7 @@ public:
 
     /// A stretch of stillness this long ends an utterance. It stays part of it: whole-utterance
     /// normalisation wants some of the room at both ends.
-    static constexpr int kTrailingFrames = 29;
+    static constexpr int kTrailingFrames = 30;
     /// What is kept from before the first loud frame.
     static constexpr int kLeadingFrames = 30;
     /// Speech that finds no end is cut by then; no command is as long.

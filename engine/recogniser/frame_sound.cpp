@@ -18,7 +18,7 @@ constexpr double kOut2 = 0.9200714;
 // Periods of voices in steps of a quarter millisecond: 400 Hz to 62 Hz.
 constexpr std::size_t kShortestPeriod = 10;
 constexpr std::size_t kLongestPeriod = 64;
-/// Correlation of a voiced stretch with itself a period later; noise reaches 0.4.
+/// Correlation of a voiced stretch with itself a period later, at least.
 constexpr double kPeriodic = 0.6;
 
 /// Correlation, -1 to 1, of a stretch with itself `lag` later.

@@ -27,9 +27,9 @@ constexpr double kFringe = 0.05;
 
 }  // namespace
 
-// White noise has a spread of 2 dB, a fan up to 5, speech at least 15.
+// Speech, with its consonants and pauses, spreads over tens of dB.
 const NoiseFloor::Steadiness NoiseFloor::kNoise{.frames = 100, .spread = 6.0, .voiced = 30};
-// A hum is as periodic as a voice, but a vowel that is drawn out as long still varies by 4.
+// A hum is as periodic as a voice, and a vowel drawn out for a second spread over 5 dB only.
 const NoiseFloor::Steadiness NoiseFloor::kTone{.frames = 150, .spread = 3.0, .voiced = 150};
 
 int NoiseFloor::Follow(const FrameSound& sound, Mood mood) {
