@@ -17,7 +17,8 @@ namespace corvane::engine {
 /// The default source of the PulseAudio server, captured on a thread of its own. As long as there
 /// is no server or no source, and after either has gone, it tries again every second. Whenever it
 /// gets no sound for a second it delivers a second of digital silence, so that what was said before
-/// and after a break stay apart, and the recogniser learns that there is no signal.
+/// and after a break stay apart, and the recogniser learns that there is no signal. What the
+/// speaker plays is no microphone, though a server without one offers it as its default source.
 class PulseCapture final : public AudioSource {
 public:
     /// client_name: what the user's sound settings call the program. Capturing begins with the

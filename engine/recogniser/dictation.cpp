@@ -104,6 +104,9 @@ void Dictation::Write(const Ending& ending) {
     if (!hearing_) return;
     {
         const std::lock_guard lock(mutex_);
+        const auto frames = static_cast<std::size_t>(ending.end - hearing_->begin);
+        if (hearing_->sound.size() > frames * Endpointer::kFrameSamples)
+            hearing_->sound.resize(frames * Endpointer::kFrameSamples);
         hearing_->ending = ending;
     }
     hearing_.reset();

@@ -28,6 +28,7 @@ public:
     /// How an utterance ended; positions count frames of the stream from 0.
     struct Ending {
         std::int64_t last_loud = 0;
+        std::int64_t end = 0;     ///< where it ends; sound behind that is not of it
         std::int64_t known = 0;   ///< where it was clear that it is over
         Clock::time_point since;  ///< and when
     };

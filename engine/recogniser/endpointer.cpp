@@ -2,77 +2,137 @@
 #include "engine/recogniser/endpointer.h"
 
 #include <algorithm>
-
-#include "engine/recogniser/sound_level.h"
+#include <limits>
+#include <numeric>
 
 namespace corvane::engine {
 namespace {
 
 constexpr double kSpeechAboveFloor = 8.0;  // dB
+/// What holds speech together once it has begun: weak syllables in a noisy room.
+constexpr double kVoiceAboveFloor = 4.0;
+
 constexpr std::size_t kLoudOfTen = 5;
+/// Speech that begins again may have to be waited for until it is loud in kLoudOfTen frames.
+constexpr int kResumingFrames = 10;
+constexpr unsigned long kLastThree = 0b111;
 
-// Bounds of the floor, dB: below the first no microphone is, and digital silence would make a
-// single step speech; a room above the second at the start is taken for somebody speaking.
-constexpr double kLowestFloor = 18.0;
-constexpr double kHighestFirstFloor = 40.0;
+/// This many voiced frames out of 40 are a voice. With 5 a loud knock of 60 ms passed; with 10 two
+/// more of 80 short words were lost than with 7.
+constexpr std::size_t kFewestVoiced = 7;
+/// What has no voice before a word may be its first sound only as long as this.
+constexpr int kBeforeVoice = 100;
+/// Loud sound without a voice that goes on for so long behind a word ends it, and only its first
+/// frames, which may be a hiss of the word's, are kept.
+constexpr int kAfterVoice = 80;
+constexpr int kHissFrames = 50;
 
-// How the floor follows a frame: quickly down, slowly up, in speech hardly at all.
-constexpr double kFallPerFrame = 0.25;          // of the distance
-constexpr double kRisePerFrame = 0.06;          // dB, 6 dB a second
-constexpr double kRisePerFrameInSpeech = 0.01;  // dB, 1 dB a second
+constexpr int kLongSpeech = 4 * Endpointer::kFramesPerSecond;
+/// Speech is cut at the stillest moment, this long, of its last seconds.
+constexpr std::size_t kCutWithin = std::size_t{3} * Endpointer::kFramesPerSecond;
+constexpr std::ptrdiff_t kMoment = 5;
 
 }  // namespace
 
-void Endpointer::FollowNoise(double level) {
-    // Digital silence is a switch or a gate, and tells nothing of the room.
-    if (level <= 0.0) return;
-    if (!room_known_) floor_ = std::min(level, kHighestFirstFloor);
-    room_known_ = true;
-    if (level < floor_)
-        floor_ += kFallPerFrame * (level - floor_);
-    else
-        floor_ += std::min(level - floor_, in_speech_ ? kRisePerFrameInSpeech : kRisePerFrame);
-    floor_ = std::max(floor_, kLowestFloor);
-}
-
 Endpointer::Event Endpointer::Push(std::span<const std::int16_t> frame) {
-    const double level = Decibels(frame);
-    FollowNoise(level);
-    const bool loud = level > floor_ + kSpeechAboveFloor;
+    const FrameSound sound = measure_.Measure(frame);
+    const int room = floor_.Follow(sound, Mood());
+    const bool sustained = state_ == State::speech && sound.voiced;
+    const bool loud =
+        sound.level > floor_.Level() + (sustained ? kVoiceAboveFloor : kSpeechAboveFloor);
+    ++position_;
     loud_ <<= 1;
     loud_[0] = loud;
-    ++position_;
+    voiced_ <<= 1;
+    voiced_[0] = loud && sound.voiced;
+    const bool loudness = loud && loud_.count() >= kLoudOfTen;
+    if (loudness) last_loud_ = position_;
+    if (voiced_[0]) last_voiced_ = position_;
+    if (room > 0) last_loud_ = std::min(last_loud_, position_ - room);
 
-    const bool speech = loud_.count() >= kLoudOfTen;
-    if (speech && loud) last_loud_ = position_;
-    if (in_speech_) {
-        levels_.push_back(level);
-        if (position_ - last_loud_ >= kTrailingFrames) return End();
-        if (position_ - begin_ >= kLongestFrames) {
-            // What never falls silent is the room itself: a fan, a radio.
-            const auto low = levels_.begin() + static_cast<std::ptrdiff_t>(levels_.size() / 10);
-            std::ranges::nth_element(levels_, low);
-            floor_ = std::max(floor_, *low);
-            return End();
-        }
-    } else if (speech) {
-        in_speech_ = true;
-        levels_.assign(1, level);
-        const auto window = static_cast<std::int64_t>(loud_.size());
-        begin_ = std::max(earliest_begin_, position_ - window - kLeadingFrames);
+    if (state_ == State::speech) return Speech(sound.level);
+    if (state_ == State::still && loudness) {
+        begin_ = EarliestBegin();
+        state_ = State::noise;
+        rise_ = position_;
+    }
+    return state_ == State::noise ? Noise() : Event::none;
+}
+
+NoiseFloor::Mood Endpointer::Mood() const {
+    if (state_ != State::speech) return NoiseFloor::Mood::still;
+    const bool endless = !whole_ || position_ - begin_ > kLongSpeech;
+    return endless ? NoiseFloor::Mood::long_speech : NoiseFloor::Mood::speech;
+}
+
+std::int64_t Endpointer::EarliestBegin() const {
+    if (state_ == State::speech) return begin_;
+    const auto before = state_ == State::noise
+                            ? std::int64_t{kBeforeVoice}
+                            : static_cast<std::int64_t>(loud_.size()) + kLeadingFrames;
+    return std::max(state_ == State::noise ? begin_ : earliest_begin_, position_ - before);
+}
+
+Endpointer::Event Endpointer::Noise() {
+    if (position_ - last_loud_ >= kTrailingFrames) {
+        state_ = State::still;
+    } else if (voiced_.count() >= kFewestVoiced) {
+        begin_ = EarliestBegin();
+        state_ = State::speech;
+        whole_ = true;
+        levels_.clear();
         return Event::speech_began;
     }
     return Event::none;
 }
 
-Endpointer::Event Endpointer::Finish() {
-    return in_speech_ ? End() : Event::none;
+Endpointer::Event Endpointer::Speech(double level) {
+    levels_.push_back(level);
+    if (cut_) {
+        cut_ = false;
+        begin_ = end_;
+        return Event::speech_began;
+    }
+    const std::int64_t still = position_ - last_loud_;
+    const bool resumes =
+        (loud_.to_ulong() & kLastThree) != 0 && still < kTrailingFrames + kResumingFrames;
+    if (still >= kTrailingFrames && !resumes) return Fall(last_loud_ + kTrailingFrames);
+    if (position_ - last_voiced_ >= kAfterVoice) {
+        return Fall(last_voiced_ + kHissFrames);
+    }
+    if (position_ - begin_ >= kLongestFrames) return Cut();
+    return Event::none;
 }
 
-Endpointer::Event Endpointer::End() {
-    in_speech_ = false;
+Endpointer::Event Endpointer::Finish() {
+    return state_ == State::speech ? Fall(position_) : Event::none;
+}
+
+Endpointer::Event Endpointer::Fall(std::int64_t end) {
+    state_ = State::still;
     loud_.reset();
+    voiced_.reset();
+    cut_ = false;
+    end_ = std::min(end, position_);
     earliest_begin_ = last_loud_;
+    // Nothing is left when what had begun turned out to be the room.
+    return last_loud_ <= rise_ ? Event::speech_denied : Event::speech_ended;
+}
+
+Endpointer::Event Endpointer::Cut() {
+    auto moment = levels_.end() - kMoment;
+    double least = std::numeric_limits<double>::infinity();
+    const auto seconds = static_cast<std::ptrdiff_t>(std::min(levels_.size(), kCutWithin));
+    for (auto from = levels_.end() - seconds; from + kMoment <= levels_.end(); ++from) {
+        const double sum = std::accumulate(from, from + kMoment, 0.0);
+        if (sum >= least) continue;
+        least = sum;
+        moment = from;
+    }
+    levels_.erase(levels_.begin(), moment + kMoment / 2);
+    end_ = position_ - std::ssize(levels_);
+    whole_ = false;
+    cut_ = true;
     return Event::speech_ended;
 }
 

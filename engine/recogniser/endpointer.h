@@ -8,25 +8,34 @@
 #include <vector>
 
 #include "engine/audio/audio_source.h"
+#include "engine/recogniser/frame_sound.h"
+#include "engine/recogniser/noise_floor.h"
 
 namespace corvane::engine {
 
-/// Finds where speech begins and ends, frame by frame, by how far it rises above the noise of the
-/// room. All positions count frames of the stream from 0.
+/// Finds where speech begins and ends, frame by frame: by how far it rises above the noise of the
+/// room, and by the voice in it, without which loud sound is a knock, a breath, typing. All
+/// positions count frames of the stream from 0.
 class Endpointer {
 public:
     static constexpr int kFramesPerSecond = 100;
     static constexpr std::size_t kFrameSamples = kSampleRate / kFramesPerSecond;
+    static_assert(kFrameSamples == FrameMeasure::kFrameSamples);
 
     /// A stretch of stillness this long ends an utterance. It stays part of it: whole-utterance
     /// normalisation wants some of the room at both ends.
-    static constexpr int kTrailingFrames = 28;
+    static constexpr int kTrailingFrames = 30;
     /// What is kept from before the first loud frame.
     static constexpr int kLeadingFrames = 30;
-    /// Speech that finds no end is cut here; no command is as long.
+    /// Speech that finds no end is cut by then; no command is as long.
     static constexpr int kLongestFrames = 12 * kFramesPerSecond;
 
-    enum class Event { none, speech_began, speech_ended };
+    enum class Event {
+        none,
+        speech_began,
+        speech_ended,
+        speech_denied,  ///< what had begun was no speech
+    };
 
     /// Takes the next frame of kFrameSamples samples.
     Event Push(std::span<const std::int16_t> frame);
@@ -34,29 +43,49 @@ public:
     /// The stream has ended or broken off: ends speech that is under way.
     Event Finish();
 
-    [[nodiscard]] bool InSpeech() const { return in_speech_; }
+    [[nodiscard]] bool InSpeech() const { return state_ == State::speech; }
     /// Number of frames taken.
     [[nodiscard]] std::int64_t Position() const { return position_; }
     /// Where the utterance under way, or the last one, begins, leading frames included.
     [[nodiscard]] std::int64_t Begin() const { return begin_; }
+    /// Behind the last frame of the utterance under way, or of the last one, trailing frames
+    /// included.
+    [[nodiscard]] std::int64_t End() const { return end_; }
     /// Behind its last loud frame so far.
     [[nodiscard]] std::int64_t LastLoud() const { return last_loud_; }
+    /// Whether it is all that was said between two stretches of stillness. Speech that was cut
+    /// because it was too long gives pieces, its last one included.
+    [[nodiscard]] bool Whole() const { return whole_; }
+    /// No utterance to come begins before this frame.
+    [[nodiscard]] std::int64_t EarliestBegin() const;
     /// Noise of the room, dB re one squared sample step.
-    [[nodiscard]] double NoiseFloor() const { return floor_; }
+    [[nodiscard]] double Floor() const { return floor_.Level(); }
 
 private:
-    void FollowNoise(double level);
-    Event End();
+    /// noise: loud, but there was no voice in it yet.
+    enum class State { still, noise, speech };
 
+    [[nodiscard]] NoiseFloor::Mood Mood() const;
+    [[nodiscard]] Event Noise();
+    [[nodiscard]] Event Speech(double level);
+    [[nodiscard]] Event Fall(std::int64_t end);
+    [[nodiscard]] Event Cut();
+
+    FrameMeasure measure_;
+    NoiseFloor floor_;
+    State state_ = State::still;
+    bool whole_ = true;
     std::int64_t position_ = 0;
     std::int64_t begin_ = 0;
+    std::int64_t end_ = 0;
     std::int64_t last_loud_ = 0;
     std::int64_t earliest_begin_ = 0;
-    bool in_speech_ = false;
-    std::bitset<10> loud_;  ///< the last frames, newest first
-    bool room_known_ = false;
-    double floor_ = 0.0;
-    std::vector<double> levels_;  ///< of the utterance under way
+    std::int64_t last_voiced_ = 0;
+    std::int64_t rise_ = 0;       ///< where it first was loud for long enough
+    std::bitset<10> loud_;        ///< the last frames, newest first
+    std::bitset<40> voiced_;      ///< likewise; loud ones only
+    bool cut_ = false;            ///< the next frame begins the next piece
+    std::vector<double> levels_;  ///< of the utterance under way, without what leads up to it
 };
 
 }  // namespace corvane::engine

@@ -13,9 +13,8 @@ namespace {
 constexpr auto kFrame = std::chrono::milliseconds(1000 / Endpointer::kFramesPerSecond);
 constexpr std::int64_t kBytesPerFrame = Endpointer::kFrameSamples * sizeof(std::int16_t);
 
-/// How much stillness is kept, so that an utterance can begin in it.
-constexpr std::size_t kKeptSamples =
-    (Endpointer::kLeadingFrames + Endpointer::kTrailingFrames + 20) * Endpointer::kFrameSamples;
+/// Old sound is thrown away a second at a time.
+constexpr std::int64_t kForgottenFrames = Endpointer::kFramesPerSecond;
 
 constexpr std::int64_t kFramesPerHypothesis = Endpointer::kFramesPerSecond / 4;
 
@@ -123,6 +122,7 @@ void Listener::UseVocabulary(std::shared_ptr<const Vocabulary> vocabulary) {
 }
 
 void Listener::Hear(std::span<const std::int16_t> frame) {
+    Forget();
     sound_.insert(sound_.end(), frame.begin(), frame.end());
     const Endpointer::Event event = endpointer_.Push(frame);
     feedback_.Hear(frame, endpointer_.Position() * kBytesPerFrame, interests_);
@@ -133,40 +133,51 @@ void Listener::Hear(std::span<const std::int16_t> frame) {
         case Endpointer::Event::speech_ended:
             EndUtterance();
             break;
+        case Endpointer::Event::speech_denied:
+            supposing_ = false;
+            dictation_.Drop();
+            break;
         case Endpointer::Event::none:
-            if (endpointer_.InSpeech()) {
-                HearSpeech(frame);
-            } else if (sound_.size() > 2 * kKeptSamples) {
-                const std::size_t old = sound_.size() - kKeptSamples;
-                sound_.erase(sound_.begin(), sound_.begin() + static_cast<std::ptrdiff_t>(old));
-                sound_begin_ += static_cast<std::int64_t>(old / Endpointer::kFrameSamples);
-            }
+            if (endpointer_.InSpeech()) HearSpeech(frame);
             break;
     }
 }
 
-std::span<const std::int16_t> Listener::Utterance() const {
-    const auto before = static_cast<std::size_t>(endpointer_.Begin() - sound_begin_);
-    return std::span(sound_).subspan(before * Endpointer::kFrameSamples);
+void Listener::Forget() {
+    const std::int64_t frames = endpointer_.EarliestBegin() - sound_begin_;
+    if (frames < kForgottenFrames) return;
+    const std::int64_t old = frames * static_cast<std::int64_t>(Endpointer::kFrameSamples);
+    sound_.erase(sound_.begin(), sound_.begin() + old);
+    sound_begin_ += frames;
+}
+
+std::span<const std::int16_t> Listener::Sound(std::int64_t begin, std::int64_t end) const {
+    const auto from = static_cast<std::size_t>(begin - sound_begin_);
+    const auto frames = static_cast<std::size_t>(end - begin);
+    return std::span(sound_).subspan(from * Endpointer::kFrameSamples,
+                                     frames * Endpointer::kFrameSamples);
 }
 
 void Listener::BeginUtterance() {
     supposed_.clear();
     supposing_ = false;
     FollowInterests();
-    if (vocabulary_->dictating)
-        dictation_.Begin(vocabulary_->dictation_target, endpointer_.Begin(), Utterance(),
-                         (interests_ & SREHypothesis) != 0);
+    if (vocabulary_->dictating) BeginText((interests_ & SREHypothesis) != 0);
+}
+
+void Listener::BeginText(bool suppose) {
+    dictation_.Begin(vocabulary_->dictation_target, endpointer_.Begin(),
+                     Sound(endpointer_.Begin(), endpointer_.Position()), suppose);
 }
 
 // Nothing is supposed while nobody wants to know.
 void Listener::FollowInterests() {
-    const bool wanted = (interests_ & SREHypothesis) != 0;
+    const bool wanted = endpointer_.Whole() && (interests_ & SREHypothesis) != 0;
     if (wanted == supposing_) return;
     supposing_ = wanted;
     if (!wanted) return decoder_->EndLive();
     decoder_->BeginLive();
-    decoder_->FeedLive(Utterance());
+    decoder_->FeedLive(Sound(endpointer_.Begin(), endpointer_.Position()));
 }
 
 void Listener::HearSpeech(std::span<const std::int16_t> frame) {
@@ -201,14 +212,17 @@ void Listener::EndUtterance() {
     for (int attempt = 0; attempt < kMostReadings; ++attempt) {
         AwaitVocabulary();
         supposing_ = false;
-        path = decoder_->Decode(Utterance());
+        // A command is all that is said at a time: what a television says at the end of a minute
+        // is none. Text may be as long as it likes.
+        if (!endpointer_.Whole()) break;
+        path = decoder_->Decode(Sound(endpointer_.Begin(), endpointer_.End()));
         phrase = PhraseOf(path, since);
         const std::lock_guard lock(mutex_);
         if (!next_vocabulary_) break;
     }
     const SpeechEngineConfidence confidence = phrase ? phrase->confidence : SECLowConfidence;
     Tell(std::move(phrase), path, since);
-    TellHowItWasSaid(path, confidence);
+    if (endpointer_.Whole()) TellHowItWasSaid(path, confidence);
 }
 
 void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
@@ -217,10 +231,9 @@ void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
     const std::int64_t position = endpointer_.Position();
     // What is surely a command is no text; all else is, where somebody dictates.
     if (vocabulary_->dictating && (!phrase || phrase->confidence < SECHighConfidence)) {
-        if (!dictation_.Hearing())
-            dictation_.Begin(vocabulary_->dictation_target, endpointer_.Begin(), Utterance(),
-                             false);
-        return dictation_.Write({.last_loud = last_loud, .known = position, .since = since});
+        if (!dictation_.Hearing()) BeginText(false);
+        return dictation_.Write(
+            {.last_loud = last_loud, .end = endpointer_.End(), .known = position, .since = since});
     }
     dictation_.Drop();
     const bool heard = phrase.has_value();
@@ -238,11 +251,7 @@ void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
 }
 
 void Listener::TellHowItWasSaid(const Path& path, SpeechEngineConfidence confidence) {
-    const std::int64_t frames = endpointer_.LastLoud() - endpointer_.Begin();
-    // What finds no end is the room.
-    if (endpointer_.Position() - endpointer_.Begin() >= Endpointer::kLongestFrames) return;
-    UtteranceSound sound = MeasureUtterance(
-        Utterance().first(static_cast<std::size_t>(frames) * Endpointer::kFrameSamples));
+    UtteranceSound sound = MeasureUtterance(Sound(endpointer_.Begin(), endpointer_.LastLoud()));
     if (confidence > SECLowConfidence) MeasurePace(sound, path, vocabulary_->graph);
     feedback_.HearUtterance(sound, endpointer_.Position() * kBytesPerFrame, interests_);
 }

@@ -60,12 +60,16 @@ private:
     void Hear(std::span<const std::int16_t> frame);
     void HearSpeech(std::span<const std::int16_t> frame);
     void BeginUtterance();
+    void BeginText(bool suppose);
     void FollowInterests();
     void Suppose();
     void EndUtterance();
     void Tell(std::optional<RecognisedPhrase> phrase, const Path& path, Clock::time_point since);
     void TellHowItWasSaid(const Path& path, SpeechEngineConfidence confidence);
-    [[nodiscard]] std::span<const std::int16_t> Utterance() const;
+    /// Throws away what no utterance can need any more.
+    void Forget();
+    /// What was heard between two frames of the stream.
+    [[nodiscard]] std::span<const std::int16_t> Sound(std::int64_t begin, std::int64_t end) const;
     [[nodiscard]] std::optional<RecognisedPhrase> PhraseOf(const Path& path,
                                                            Clock::time_point since) const;
     [[nodiscard]] std::weak_ptr<ResultTarget> TargetOf(const Path& path) const;
@@ -85,7 +89,7 @@ private:
     std::shared_ptr<const Vocabulary> vocabulary_ = std::make_shared<Vocabulary>();
     Endpointer endpointer_;
     SoundFeedback feedback_;
-    std::vector<std::int16_t> sound_;  ///< of the utterance, or the last moment of stillness
+    std::vector<std::int16_t> sound_;  ///< of the utterance, or what may yet belong to one
     std::int64_t sound_begin_ = 0;     ///< frame of the stream at which it begins
     bool supposing_ = false;
     std::vector<std::string> supposed_;  ///< words of the last hypothesis

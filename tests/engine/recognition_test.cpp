@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "support/generated_sound.h"
 #include "support/room.h"
 
 namespace corvane::engine {
@@ -78,6 +79,20 @@ TEST_F(Recognition, OtherSpeechIsNeverHeardWithHighConfidence) {
             for (const auto& result : Heard(text, voice))
                 EXPECT_LT(result->PhraseInfo()->Rule()->Confidence(), SECHighConfidence)
                     << voice << ": " << text << " as " << testing::Told(result);
+}
+
+TEST_F(Recognition, CommandAtTheEndOfALongTalkIsNone) {
+    using std::chrono_literals::operator""s;
+    testing::GeneratedSound make;
+    testing::Sound command = Say("what time is it");
+    testing::Sound at_once = command;
+    at_once.erase(at_once.begin(), at_once.begin() + 16 * 400);  // the stillness before it
+    Room room;
+    const Listening listening(*room.engine, kCommands);
+    room.HearToTheEnd(testing::Joined(testing::Joined(make.Voice(14s, 2000.0), at_once), command));
+    ASSERT_EQ(listening.recognised.size(), 1U) << "said again by itself it is one";
+    EXPECT_EQ(testing::Told(listening.recognised[0]), "the time: what time is it");
+    EXPECT_GE(listening.positions[0], 15 * 2 * kSampleRate);
 }
 
 }  // namespace
