@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/recogniser/confidence.h"
 #include "platform/speech_api.h"
 
 namespace corvane::engine {
@@ -16,6 +17,7 @@ struct RecognisedPhrase {
     std::string rule;
     SpeechEngineConfidence confidence = SECLowConfidence;
     double score = 0.0;  ///< what the confidence was decided by, 0 to 1
+    std::vector<Feature> features;  ///< what the score was made of
     /// Place in the stream, from the first word to the end of the last.
     std::chrono::milliseconds begin{};
     std::chrono::milliseconds end{};

@@ -33,6 +33,8 @@ struct Arguments {
     std::vector<std::string> grammars;
     std::vector<std::string> files;
     bool all_events = false;
+    bool features = false;
+    bool hypotheses = true;
 };
 
 /// By SpeechInterference.
@@ -57,7 +59,8 @@ private:
     std::vector<std::function<void()>> messages_;
 };
 
-void Print(const std::string& file, const char* event, const ISpeechRecoResult& result) {
+void Print(const std::string& file, const char* event, const ISpeechRecoResult& result,
+           bool features) {
     const auto* heard = dynamic_cast<const engine::RecoResult*>(&result);
     if (heard == nullptr) return;
     const engine::RecognisedPhrase& phrase = heard->Phrase();
@@ -66,6 +69,10 @@ void Print(const std::string& file, const char* event, const ISpeechRecoResult& 
                 static_cast<long long>(phrase.begin.count()),
                 static_cast<long long>(phrase.end.count()), phrase.latency.count(),
                 result.PhraseInfo()->GetText(0, -1, true).c_str());
+    if (!features) return;
+    std::printf("%s\tfeatures\t\t0\t0\t0\t0\t0\t", file.c_str());
+    for (const auto& [name, value] : phrase.features) std::printf("%s=%.4g ", name, value);
+    std::printf("\n");
 }
 
 void Print(const std::string& file, const Variant& position, std::int32_t interference) {
@@ -91,14 +98,14 @@ void Hear(const std::string& file, const Arguments& arguments) {
         grammar->CmdLoadFromFile(path, SLODynamic);
         grammar->CmdSetRuleIdState(0, SGDSActive);
         context->Advise({.Recognition =
-                             [&file](std::int32_t, const Variant&, std::int32_t,
+                             [&file, &arguments](std::int32_t, const Variant&, std::int32_t,
                                      const std::shared_ptr<ISpeechRecoResult>& result) {
-                                 Print(file, "recognition", *result);
+                                 Print(file, "recognition", *result, arguments.features);
                              },
                          .Hypothesis =
                              [&file](std::int32_t, const Variant&,
                                      const std::shared_ptr<ISpeechRecoResult>& result) {
-                                 Print(file, "hypothesis", *result);
+                                 Print(file, "hypothesis", *result, false);
                              },
                          .AudioLevel = {},
                          .Interference = {},
@@ -117,7 +124,8 @@ void Hear(const std::string& file, const Arguments& arguments) {
                    .Adaptation = {}});
     if (arguments.all_events) sound->SetEventInterests(SREInterference);
     for (const auto& [context, grammar] : listening)
-        context->SetEventInterests(SRERecognition | SREHypothesis);
+        context->SetEventInterests(arguments.hypotheses ? SRERecognition | SREHypothesis
+                                                        : SRERecognition);
     engine.WaitForEndOfStream();
     messages.Run();
 }
@@ -129,6 +137,10 @@ Arguments ArgumentsOf(const std::vector<std::string>& words) {
             arguments.grammars.push_back(words[++i]);
         else if (words[i] == "--all")
             arguments.all_events = true;
+        else if (words[i] == "--final")
+            arguments.hypotheses = false;
+        else if (words[i] == "--features")
+            arguments.features = true;
         else
             arguments.files.push_back(words[i]);
     }
