@@ -20,7 +20,8 @@ constexpr double kNormalScore = 0.269;
 
 // More phones than this tell no more, nor does a wider margin or a still worse phone.
 constexpr double kManyPhones = 40.0;
-constexpr double kWideMargin = 5.0;
+constexpr double kWideMargin = 3.0;
+constexpr double kWideWordMargin = 1.0;
 constexpr double kWorstPhone = -20.0;
 
 /// What the scores of a path's segments tell by themselves. Scores are means over frames.
@@ -73,9 +74,9 @@ double Weigh(const auto& weights, double bias, const std::vector<Feature>& featu
     return Likelihood(bias);
 }
 
-/// A margin in which the units that tell nothing more are cut off.
-double Narrow(double margin) {
-    return std::clamp(margin / kScoreUnit, -2.0, kWideMargin);
+/// A margin without the part of it that tells no more.
+double Narrow(double margin, double widest) {
+    return std::clamp(margin / kScoreUnit, -2.0, widest);
 }
 
 }  // namespace
@@ -98,9 +99,10 @@ std::vector<Feature> FeaturesOf(const Path& path, const WordGraph& graph) {
                                          {"spread", phones.spread}});
     }
     if (path.rivals) {
-        features.insert(features.end(), {{"rule_margin", Narrow(path.rivals->rule)},
-                                         {"choice_margin", Narrow(path.rivals->choice)},
-                                         {"word_margin", Narrow(path.rivals->words)}});
+        features.insert(features.end(),
+                        {{"rule_margin", Narrow(path.rivals->rule, kWideMargin)},
+                         {"choice_margin", Narrow(path.rivals->choice, kWideMargin)},
+                         {"word_margin", Narrow(path.rivals->words, kWideWordMargin)}});
     }
     return features;
 }

@@ -93,7 +93,7 @@ private:
     std::optional<SenoneLog> log_;  ///< empty where there can be none
     std::unique_ptr<ps_decoder_s, FreeDecoder> decoder_;
     WordGraph graph_;
-    std::optional<PhraseRivals> rivals_;  ///< of the graph, where there is a log
+    std::optional<PhraseRivals> rivals_;    ///< of the graph, where there is a log
     std::map<std::string, int> spellings_;  ///< number of each spelling ever taught
     std::set<std::string> taught_;
     std::map<std::string, int> graph_words_;  ///< the decoder's word to the graph's index

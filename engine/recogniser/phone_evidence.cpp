@@ -99,8 +99,7 @@ std::optional<PhoneEvidence> EvidenceOf(const std::vector<PathSegment>& segments
     const PhoneLoop loop = RunPhoneLoop(scores, model);
     const auto count = static_cast<double>(phones->size());
     return PhoneEvidence{
-        .over_loop = (path_score - loop.score) / kScoreUnit /
-                     static_cast<double>(scores.Frames()),
+        .over_loop = (path_score - loop.score) / kScoreUnit / static_cast<double>(scores.Frames()),
         .mean_rank = Mean(ranks),
         .short_share = static_cast<double>(short_phones) / count,
         .worst_quarter = WorstQuarter(fits),

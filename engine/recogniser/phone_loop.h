@@ -11,7 +11,7 @@ namespace corvane::engine {
 /// How well the utterance fits the best string of phones, whatever words they make or don't: the
 /// rival of every command.
 struct PhoneLoop {
-    double score = 0.0;           ///< of all frames, in the unit of the senones; at best 0
+    double score = 0.0;          ///< of all frames, in the unit of the senones; at best 0
     std::vector<double> frames;  ///< each frame's share of it
 };
 

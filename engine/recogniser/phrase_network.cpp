@@ -17,6 +17,9 @@ using Position = ModelDefinition::Position;
 using Phones = std::vector<std::size_t>;
 using PhoneSet = std::set<std::size_t>;
 
+// A shorter list has ways to say the same, a longer one has what differs: letters, names, sizes.
+constexpr int kLongList = 6;
+
 Phones PhonesOf(const std::string& pronunciation, const ModelDefinition& model) {
     Phones phones;
     std::istringstream names(pronunciation);
@@ -194,8 +197,8 @@ private:
                 for (const std::size_t before : befores)
                     for (const std::size_t after : afters)
                         Add(first ? JoinOf(arc.from, before, way[i]) : between,
-                            {.senones = model_.Between(before, way[i], after,
-                                                       PositionOf(i, way.size())),
+                            {.senones =
+                                 model_.Between(before, way[i], after, PositionOf(i, way.size())),
                              .to = last ? JoinOf(arc.to, way[i], after) : reached,
                              .word = first ? arc.word : PhraseNetwork::kNoWord,
                              .choice = choice,
@@ -205,13 +208,15 @@ private:
         }
     }
 
-    /// Could another word stand in its place? Then both lead, or what must follow them does, from
-    /// the same state to the same.
+    /// Is it one of the many that could stand in its place? They, or what must follow them, lead
+    /// from the same state to the same.
     bool IsChoice(const Arc& arc) {
-        return std::ranges::any_of(StateAt(arc.from).leaving, [&](const Arc* other) {
+        const int end = EndOfPhrase(arc);
+        const auto others = std::ranges::count_if(StateAt(arc.from).leaving, [&](const Arc* other) {
             return other->word != WordGraph::kNoWord && other->word != arc.word &&
-                   EndOfPhrase(*other) == EndOfPhrase(arc);
+                   EndOfPhrase(*other) == end;
         });
+        return others + 1 >= kLongList;
     }
 
     int EndOfPhrase(const Arc& arc) {

@@ -9,8 +9,9 @@
 
 namespace corvane::engine {
 
-/// A word graph, or the part of it that some words make up, spelled out in phones, each as it sounds
-/// between its neighbours, with silence allowed between words. Phones lead from join to join.
+/// A word graph, or the part of it that some words make up, spelled out in phones, each as it
+/// sounds between its neighbours, with silence allowed between words. Phones lead from join to
+/// join.
 struct PhraseNetwork {
     static constexpr int kStart = 0;
     static constexpr int kEnd = 1;
@@ -20,13 +21,14 @@ struct PhraseNetwork {
         ModelDefinition::States senones{};
         int to = 0;
         int word = kNoWord;  ///< index into the graph's words, of a word's first phone
-        /// Of a word's first phone: another word could stand in its place, not only none.
+        /// Of a word's first phone: it begins a member of a long list, whose members mean different
+        /// things.
         bool choice = false;
         bool silence = false;
     };
     struct Join {
         std::vector<int> phones;  ///< that begin here
-        std::vector<int> free;    ///< joins that can be passed to without a sound; never in a circle
+        std::vector<int> free;  ///< joins that can be passed to without a sound; never in a circle
     };
 
     std::vector<Phone> phones;

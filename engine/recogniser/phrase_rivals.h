@@ -15,9 +15,9 @@ namespace corvane::engine {
 struct RivalMargins {
     static constexpr double kNone = 1000.0;  ///< no rival comes near, or there is none at all
 
-    double rule = kNone;    ///< to a phrase of another rule
-    double choice = kNone;  ///< to one of the same rule with another member of one of its lists
-    double words = kNone;   ///< to one of the same rule with any other words
+    double rule = kNone;    ///< to other words, of another rule
+    double choice = kNone;  ///< to another member of a long list, of letters for one, of this rule
+    double words = kNone;   ///< to any other words of this rule
 };
 
 /// Looks for the reading that comes second. It searches the graph again by itself, with the

@@ -68,8 +68,7 @@ void PhraseSearch::Enter(std::size_t layer, int join, Cost threshold) {
     for (const int index : network_.joins[static_cast<std::size_t>(join)].phones) {
         const auto phone = static_cast<std::size_t>(index);
         const PhraseNetwork::Phone& begun = network_.phones[phone];
-        const Step step =
-            begun.word == PhraseNetwork::kNoWord ? Step::pass : task_.step(begun);
+        const Step step = begun.word == PhraseNetwork::kNoWord ? Step::pass : task_.step(begun);
         if (step == Step::avoid) continue;
         std::size_t into = layer;
         if (step == Step::follow && layer + 1 < layers_.size()) {
@@ -95,9 +94,8 @@ Cost PhraseSearch::Advance(Layer& layer, std::span<const std::int16_t> costs,
         const States from{std::max(states[0], entry), std::max(states[1], states[0]),
                           std::max({states[2], states[1], states[0] - kSkipCost})};
         for (std::size_t i = 0; i < states.size(); ++i) {
-            states[i] = from[i] < threshold
-                            ? kImpossible
-                            : from[i] - costs[network_.phones[phone].senones[i]];
+            states[i] = from[i] < threshold ? kImpossible
+                                            : from[i] - costs[network_.phones[phone].senones[i]];
             best = std::max(best, states[i]);
         }
         layer.listed[phone] = states != kNowhere;

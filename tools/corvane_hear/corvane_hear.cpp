@@ -99,7 +99,7 @@ void Hear(const std::string& file, const Arguments& arguments) {
         grammar->CmdSetRuleIdState(0, SGDSActive);
         context->Advise({.Recognition =
                              [&file, &arguments](std::int32_t, const Variant&, std::int32_t,
-                                     const std::shared_ptr<ISpeechRecoResult>& result) {
+                                                 const std::shared_ptr<ISpeechRecoResult>& result) {
                                  Print(file, "recognition", *result, arguments.features);
                              },
                          .Hypothesis =
