@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
+
+#include "engine/recogniser/confidence_weights.h"
 
 namespace corvane::engine {
 namespace {
@@ -15,8 +18,11 @@ constexpr double kScoreUnit = 100.0;
 constexpr double kHighScore = 0.818;
 constexpr double kNormalScore = 0.269;
 
-// More phones than this tell no more.
+// More phones than this tell no more, nor does a wider margin or a still worse phone.
 constexpr double kManyPhones = 40.0;
+constexpr double kWideMargin = 3.0;
+constexpr double kWideWordMargin = 1.0;
+constexpr double kWorstPhone = -20.0;
 
 /// What the scores of a path's segments tell by themselves. Scores are means over frames.
 struct SegmentEvidence {
@@ -54,19 +60,60 @@ double WithoutPhones(const SegmentEvidence& path) {
            5.34 * (path.all_frames - path.word_frames) / path.all_frames + 17.54;
 }
 
-double WithPhones(const SegmentEvidence& path, const PhoneEvidence& phones) {
-    return 34.94 * phones.over_loop - 0.26 * phones.mean_rank - 3.81 * path.mean -
-           7.41 * phones.short_share + 5.80 * phones.worst_quarter - 14.12 * phones.mean_fit +
-           0.19 * std::min(phones.phones, kManyPhones) - 2.28 * phones.worst_word_rank + 0.30;
+double Likelihood(double z) {
+    return 1.0 / (1.0 + std::exp(-z));
+}
+
+double ValueOf(std::string_view name, const std::vector<Feature>& features) {
+    const auto feature = std::ranges::find(features, name, &Feature::name);
+    return feature == features.end() ? 0.0 : feature->value;
+}
+
+double Weigh(const auto& weights, double bias, const std::vector<Feature>& features) {
+    for (const FeatureWeight& part : weights) bias += part.weight * ValueOf(part.feature, features);
+    return Likelihood(bias);
+}
+
+/// A margin without the part of it that tells no more.
+double Narrow(double margin, double widest) {
+    return std::clamp(margin / kScoreUnit, -2.0, widest);
 }
 
 }  // namespace
 
+std::vector<Feature> FeaturesOf(const Path& path, const WordGraph& graph) {
+    std::vector<Feature> features;
+    const SegmentEvidence segments = EvidenceOfSegments(path, graph);
+    if (segments.word_frames == 0.0) return features;
+    features.assign({{"mean_score", segments.mean}, {"worst_word", segments.worst_word}});
+    if (path.evidence) {
+        const PhoneEvidence& phones = *path.evidence;
+        features.insert(features.end(), {{"over_loop", phones.over_loop},
+                                         {"mean_rank", phones.mean_rank},
+                                         {"short_share", phones.short_share},
+                                         {"worst_quarter", phones.worst_quarter},
+                                         {"mean_fit", phones.mean_fit},
+                                         {"phones", std::min(phones.phones, kManyPhones)},
+                                         {"worst_word_rank", phones.worst_word_rank},
+                                         {"worst_phone", std::max(phones.worst_phone, kWorstPhone)},
+                                         {"spread", phones.spread}});
+    }
+    if (path.rivals) {
+        features.insert(features.end(),
+                        {{"rule_margin", Narrow(path.rivals->rule, kWideMargin)},
+                         {"choice_margin", Narrow(path.rivals->choice, kWideMargin)},
+                         {"word_margin", Narrow(path.rivals->words, kWideWordMargin)}});
+    }
+    return features;
+}
+
 double ConfidenceScore(const Path& path, const WordGraph& graph) {
     const SegmentEvidence segments = EvidenceOfSegments(path, graph);
     if (segments.word_frames == 0.0) return 0.0;
-    const double z = path.evidence ? WithPhones(segments, *path.evidence) : WithoutPhones(segments);
-    return 1.0 / (1.0 + std::exp(-z));
+    if (!path.evidence || !path.rivals) return Likelihood(WithoutPhones(segments));
+    const std::vector<Feature> features = FeaturesOf(path, graph);
+    return Weigh(kCommandWeights, kCommandBias, features) *
+           Weigh(kReadingWeights, kReadingBias, features);
 }
 
 SpeechEngineConfidence ConfidenceLevel(double score) {

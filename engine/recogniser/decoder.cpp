@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "engine/recogniser/endpointer.h"
+#include "engine/recogniser/levelled.h"
 #include "engine/recogniser/phone_evidence.h"
 #include "platform/error.h"
 
@@ -95,6 +96,7 @@ std::string Decoder::Teach(const WordGraph::Word& word, int use) {
 void Decoder::SetGraph(const WordGraph& graph) {
     EndLive();
     graph_ = graph;
+    if (definition_) rivals_.emplace(graph_, *definition_);
     Search();
 }
 
@@ -172,13 +174,24 @@ void Decoder::EndLive() {
 Path Decoder::Decode(std::span<const std::int16_t> utterance) {
     EndLive();
     if (!searchable_ || utterance.empty() || !StartUtterance(FramesOf(utterance.size()))) return {};
-    ps_process_raw(decoder_.get(), utterance.data(), utterance.size(), FALSE, TRUE);
+    const std::vector<std::int16_t> levelled = Levelled(utterance);
+    ps_process_raw(decoder_.get(), levelled.data(), levelled.size(), FALSE, TRUE);
     ps_end_utt(decoder_.get());
     Path path = CurrentPath();
-    if (!log_ || path.segments.empty()) return path;
-    if (const auto scores = log_->Read())
-        path.evidence = EvidenceOf(path.segments, *scores, *definition_);
+    Judge(path);
     return path;
+}
+
+/// Finds out how well the path fits, and how much worse another would.
+void Decoder::Judge(Path& path) const {
+    std::vector<int> words;
+    for (const PathSegment& segment : path)
+        if (segment.word != PathSegment::kFiller) words.push_back(segment.word);
+    if (!log_ || words.empty()) return;
+    const auto scores = log_->Read();
+    if (!scores || scores->Frames() == 0) return;
+    path.evidence = EvidenceOf(path.segments, *scores, *definition_);
+    path.rivals = rivals_->Margins(words, *scores);
 }
 
 Path Decoder::CurrentPath() {

@@ -12,6 +12,7 @@
 
 #include "engine/grammar/word_graph.h"
 #include "engine/recogniser/model_definition.h"
+#include "engine/recogniser/phrase_rivals.h"
 #include "engine/recogniser/senone_log.h"
 
 struct ps_decoder_s;
@@ -40,12 +41,16 @@ struct PhoneEvidence {
     double mean_fit = 0.0;         ///< mean score of the phones
     double phones = 0.0;           ///< how many there are
     double worst_word_rank = 0.0;  ///< the worst word's mean of ln(1 + rank)
+    double worst_phone = 0.0;      ///< the worst phone's score less the string's there, a sum
+    double spread = 0.0;           ///< how far below the best sound all phones lie: less in noise
 };
 
 /// The best way through the graph; empty when nothing in it was said.
 struct Path {
     std::vector<PathSegment> segments;
-    std::optional<PhoneEvidence> evidence;  ///< of a whole utterance, where it could be had
+    // Of a whole utterance, where they could be had:
+    std::optional<PhoneEvidence> evidence;
+    std::optional<RivalMargins> rivals;
 
     [[nodiscard]] auto begin() const { return segments.begin(); }
     [[nodiscard]] auto end() const { return segments.end(); }
@@ -74,6 +79,7 @@ public:
 
 private:
     void Load();
+    void Judge(Path& path) const;
     [[nodiscard]] bool StartUtterance(std::size_t frames);
     [[nodiscard]] Path CurrentPath();
     void AttributeToRule(Path& path) const;
@@ -88,6 +94,7 @@ private:
     std::optional<SenoneLog> log_;  ///< empty where there can be none
     std::unique_ptr<ps_decoder_s, FreeDecoder> decoder_;
     WordGraph graph_;
+    std::optional<PhraseRivals> rivals_;    ///< of the graph, where there is a log
     std::map<std::string, int> spellings_;  ///< number of each spelling ever taught
     std::set<std::string> taught_;
     std::map<std::string, int> graph_words_;  ///< the decoder's word to the graph's index

@@ -272,6 +272,7 @@ std::optional<RecognisedPhrase> Listener::PhraseOf(const Path& path,
     phrase.rule = vocabulary_->rules[static_cast<std::size_t>(rule)].name;
     phrase.score = ConfidenceScore(path, vocabulary_->graph);
     phrase.confidence = ConfidenceLevel(phrase.score);
+    phrase.features = FeaturesOf(path, vocabulary_->graph);
     phrase.latency = Clock::now() - since;
     return phrase;
 }

@@ -26,6 +26,8 @@ public:
     /// Number of phones, those of silence and noise included.
     [[nodiscard]] std::size_t Phones() const { return names_.size(); }
     [[nodiscard]] std::size_t Silence() const { return silence_; }
+    /// Is it a sound that no word is made of?
+    [[nodiscard]] bool IsNoise(std::size_t phone) const { return names_[phone].front() == '+'; }
     /// Nothing if the model has no such phone.
     [[nodiscard]] std::optional<std::size_t> Phone(std::string_view name) const;
 

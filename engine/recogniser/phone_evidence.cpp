@@ -49,6 +49,29 @@ double Rank(const AlignedPhone& aligned, const SenoneScores& scores, const Model
     return better;
 }
 
+/// By how much the loop is better than the phone that it is most better than.
+double WorstPhone(const std::vector<AlignedPhone>& phones, const PhoneLoop& loop) {
+    double worst = 0.0;
+    for (const AlignedPhone& phone : phones) {
+        const auto first = loop.frames.begin() + static_cast<std::ptrdiff_t>(phone.first_frame);
+        const double rival = std::accumulate(first, first + std::ssize(phone.states), 0.0);
+        worst = std::min(worst, (phone.score - rival) / kScoreUnit);
+    }
+    return worst;
+}
+
+/// How far the phones' middle states lie below the best senone, mean over phones and frames: in
+/// noise they all come closer.
+double Spread(const SenoneScores& scores, const ModelDefinition& model) {
+    double sum = 0.0;
+    for (std::size_t phone = 0; phone < model.Phones(); ++phone) {
+        const std::uint16_t middle = model.Alone(phone)[1];
+        for (std::size_t frame = 0; frame < scores.Frames(); ++frame)
+            sum += scores.Frame(frame)[middle];
+    }
+    return sum / static_cast<double>(model.Phones() * scores.Frames()) / kScoreUnit;
+}
+
 }  // namespace
 
 std::optional<PhoneEvidence> EvidenceOf(const std::vector<PathSegment>& segments,
@@ -73,16 +96,18 @@ std::optional<PhoneEvidence> EvidenceOf(const std::vector<PathSegment>& segments
     double path_score = 0.0;
     for (const PathSegment& segment : segments) path_score += segment.acoustic;
 
+    const PhoneLoop loop = RunPhoneLoop(scores, model);
     const auto count = static_cast<double>(phones->size());
     return PhoneEvidence{
-        .over_loop = (path_score - PhoneLoopScore(scores, model)) / kScoreUnit /
-                     static_cast<double>(scores.Frames()),
+        .over_loop = (path_score - loop.score) / kScoreUnit / static_cast<double>(scores.Frames()),
         .mean_rank = Mean(ranks),
         .short_share = static_cast<double>(short_phones) / count,
         .worst_quarter = WorstQuarter(fits),
         .mean_fit = Mean(fits),
         .phones = count,
         .worst_word_rank = std::ranges::max(mean_word_ranks),
+        .worst_phone = WorstPhone(*phones, loop),
+        .spread = Spread(scores, model),
     };
 }
 

@@ -15,30 +15,51 @@ constexpr double kImpossible = -1e12;
 
 }  // namespace
 
-double PhoneLoopScore(const SenoneScores& scores, const ModelDefinition& model) {
-    using States = std::array<double, ModelDefinition::kStates>;
+PhoneLoop RunPhoneLoop(const SenoneScores& scores, const ModelDefinition& model) {
+    /// The best way to be in a state, and the frame in which its phone was entered.
+    struct Way {
+        double score = kImpossible;
+        std::size_t entered = 0;
+    };
+    using States = std::array<Way, ModelDefinition::kStates>;
     std::vector<ModelDefinition::States> senones;
     for (std::size_t phone = 0; phone < model.Phones(); ++phone)
         senones.push_back(model.Alone(phone));
 
-    // Viterbi: the best way to be in each state of each phone.
-    std::vector<States> best(model.Phones(), States{kImpossible, kImpossible, kImpossible});
+    std::vector<States> best(model.Phones());
+    std::vector<Way> ends;  // by frame: the best way to have ended a phone in it
     double entry = 0.0;
-    double last = kImpossible;
     for (std::size_t frame = 0; frame < scores.Frames(); ++frame) {
         const auto costs = scores.Frame(frame);
-        last = kImpossible;
+        Way end;
         for (std::size_t phone = 0; phone < best.size(); ++phone) {
             States& state = best[phone];
             for (std::size_t i = state.size(); i-- > 0;) {
-                const double from_before = i == 0 ? entry : state[i - 1];
-                state[i] = std::max(state[i], from_before) - costs[senones[phone][i]];
+                const Way before = i == 0 ? Way{entry, frame} : state[i - 1];
+                if (before.score > state[i].score) state[i] = before;
+                state[i].score -= costs[senones[phone][i]];
             }
-            last = std::max(last, state.back());
+            if (state.back().score > end.score) end = state.back();
         }
-        entry = last - kEntryCost;
+        ends.push_back(end);
+        entry = end.score - kEntryCost;
     }
-    return last;
+
+    PhoneLoop loop;
+    if (ends.empty()) return loop;
+    loop.score = ends.back().score;
+    loop.frames.resize(ends.size());
+    for (std::size_t behind = ends.size(); behind > 0;) {
+        const Way& end = ends[behind - 1];
+        if (end.score <= kImpossible / 2) break;
+        const std::size_t first = end.entered;
+        const double before = first == 0 ? 0.0 : ends[first - 1].score;
+        const double each = (end.score - before) / static_cast<double>(behind - first);
+        std::fill(loop.frames.begin() + static_cast<std::ptrdiff_t>(first),
+                  loop.frames.begin() + static_cast<std::ptrdiff_t>(behind), each);
+        behind = first;
+    }
+    return loop;
 }
 
 }  // namespace corvane::engine

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/recogniser/confidence.h"
 #include "platform/speech_api.h"
 
 namespace corvane::engine {
@@ -15,7 +16,8 @@ struct RecognisedPhrase {
     std::vector<std::string> words;  ///< in the grammar's own spelling
     std::string rule;                ///< empty for dictated text
     SpeechEngineConfidence confidence = SECLowConfidence;
-    double score = 0.0;  ///< what the confidence was decided by, 0 to 1
+    double score = 0.0;             ///< what the confidence was decided by, 0 to 1
+    std::vector<Feature> features;  ///< what the score was made of
     /// Place in the stream, from the first word to the end of the last.
     std::chrono::milliseconds begin{};
     std::chrono::milliseconds end{};

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -102,6 +103,24 @@ TEST_F(PhoneEvidenceTest, AWordThatFitsStandsAboveTheLoop) {
     EXPECT_EQ(evidence->worst_quarter, 0.0);
     EXPECT_EQ(evidence->short_share, 0.0);
     EXPECT_GT(evidence->over_loop, 0.0);
+    EXPECT_EQ(evidence->worst_phone, 0.0);
+}
+
+TEST_F(PhoneEvidenceTest, ThePhoneThatAnotherWasSaidInsteadOfIsTheWorst) {
+    for (const char* name : {"N", "ZH"}) Sound(model_->Alone(Phone(name)), 3);
+    no_[0].last_frame = 17;
+    const auto evidence = EvidenceOf(no_, scores_, *model_);
+    ASSERT_TRUE(evidence);
+    EXPECT_LT(evidence->worst_phone, -5.0);
+}
+
+TEST_F(PhoneEvidenceTest, PhonesLieCloserTogetherInNoise) {
+    SoundNo();
+    const auto clear = EvidenceOf(no_, scores_, *model_);
+    for (std::int16_t& cost : scores_.costs) cost = static_cast<std::int16_t>(cost / 2);
+    const auto noisy = EvidenceOf(no_, scores_, *model_);
+    ASSERT_TRUE(clear && noisy);
+    EXPECT_NEAR(noisy->spread, clear->spread / 2, 1e-9);
 }
 
 TEST_F(PhoneEvidenceTest, AnotherWordsPhonesAreBeatenByThoseThatWereSaid) {
@@ -117,7 +136,9 @@ TEST_F(PhoneEvidenceTest, AnotherWordsPhonesAreBeatenByThoseThatWereSaid) {
 
 TEST_F(PhoneEvidenceTest, TheLoopFollowsAnyPhonesAndPaysForEachButTheFirst) {
     for (const char* name : {"N", "OW", "ZH"}) Sound(model_->Alone(Phone(name)), 2);
-    EXPECT_EQ(PhoneLoopScore(scores_, *model_), -240.0);
+    const PhoneLoop loop = RunPhoneLoop(scores_, *model_);
+    EXPECT_EQ(loop.score, -240.0);
+    EXPECT_EQ(std::accumulate(loop.frames.begin(), loop.frames.end(), 0.0), loop.score);
 }
 
 }  // namespace

@@ -20,6 +20,10 @@ std::optional<Arguments> ArgumentsOf(const std::vector<std::string>& words) {
             arguments.realtime = true;
         } else if (word == "--all") {
             arguments.all_events = true;
+        } else if (word == "--final") {
+            arguments.hypotheses = false;
+        } else if (word == "--features") {
+            arguments.features = true;
         } else if (word == "--") {
             options = false;
         } else {

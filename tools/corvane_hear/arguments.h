@@ -14,10 +14,13 @@ struct Arguments {
     bool dictation = false;
     bool realtime = false;
     bool all_events = false;
+    bool hypotheses = true;
+    bool features = false;
 };
 
 inline constexpr const char* kUsage =
-    "usage: corvane-hear [--grammar FILE]... [--dictation] [--realtime] [--all] WAV...\n";
+    "usage: corvane-hear [--grammar FILE]... [--dictation] [--realtime] [--all] [--final] "
+    "[--features] WAV...\n";
 
 /// Nothing when they make no sense. Without a grammar or dictation it is the grammar beside the
 /// program.

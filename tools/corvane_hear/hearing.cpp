@@ -98,6 +98,7 @@ private:
     [[nodiscard]] std::unique_ptr<engine::AudioSource> MakeSource();
     [[nodiscard]] std::shared_ptr<ISpeechRecoContext> AddContext();
     void Print(const char* event, const RecognisedPhrase& phrase) const;
+    void PrintFeatures(const RecognisedPhrase& phrase) const;
     void Print(const char* event, const ISpeechRecoResult& result) const;
     void Print(const Variant& position, std::int32_t interference) const;
 
@@ -174,7 +175,7 @@ void Hearing::Run() {
     // Every context is told of interferences; one of them is enough.
     for (const auto& context : contexts_)
         context->SetEventInterests(
-            SRERecognition | SREHypothesis |
+            SRERecognition | (arguments_.hypotheses ? SREHypothesis : 0) |
             (arguments_.all_events && context == contexts_.front() ? SREInterference : 0));
     if (arguments_.realtime) messages_.RunFor(duration_);
     engine_.WaitForEndOfStream();
@@ -192,7 +193,15 @@ void Hearing::Print(const char* event, const RecognisedPhrase& phrase) const {
                 phrase.rule.c_str(), phrase.confidence, phrase.score,
                 static_cast<long long>(phrase.begin.count()),
                 static_cast<long long>(phrase.end.count()), latency.count(), text.c_str());
+    if (arguments_.features) PrintFeatures(phrase);
     std::fflush(stdout);
+}
+
+void Hearing::PrintFeatures(const RecognisedPhrase& phrase) const {
+    if (phrase.features.empty()) return;
+    std::printf("%s\tfeatures\t\t0\t0\t0\t0\t0\t", file_.c_str());
+    for (const auto& [name, value] : phrase.features) std::printf("%s=%.4g ", name, value);
+    std::printf("\n");
 }
 
 void Hearing::Print(const char* event, const ISpeechRecoResult& result) const {
