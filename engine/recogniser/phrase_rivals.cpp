@@ -28,8 +28,8 @@ bool SoundsAs(const WordGraph& graph, int one, int other) {
 }
 
 /// The rule that is said once this word is, if it was `before` until then.
-int OwnerOf(const WordGraph& graph, int word, int /*before*/) {
-    return WordAt(graph, word).rule;
+int OwnerOf(const WordGraph& graph, int word, int before) {
+    return WordAt(graph, word).shared ? before : WordAt(graph, word).rule;
 }
 
 double Margin(Cost chosen, Cost rival) {
