@@ -6,6 +6,7 @@
 #include <pulse/mainloop.h>
 #include <pulse/subscribe.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -106,8 +107,8 @@ void PulseCaptureSession::ServerTold(const pa_server_info* server) {
     const char* device = pa_stream_get_device_name(stream_.get());
     if (server == nullptr || device == nullptr) return;
     speaker_ = server->default_sink_name != nullptr ? server->default_sink_name : "";
-    // What the user has chosen for this program alone is meant.
-    by_default_ = server->default_source_name != nullptr &&
+    by_default_ = std::getenv("PULSE_SOURCE") == nullptr &&
+                  server->default_source_name != nullptr &&
                   std::strcmp(server->default_source_name, device) == 0;
     source_request_.reset(pa_context_get_source_info_by_name(
         connection_.Context(), device,

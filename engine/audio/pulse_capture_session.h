@@ -21,7 +21,9 @@ namespace corvane::engine {
 /// The server keeps the stream on its default source when that changes or goes away.
 ///
 /// Where there is no microphone the server offers what the speaker plays instead. That is not
-/// listened to: the program would take its own voice, or a film, for the user.
+/// listened to: the program would take its own voice, or a film, for the user. A source that the
+/// user has named (PULSE_SOURCE, or in the sound settings for this program) is meant, whatever it
+/// is.
 class PulseCaptureSession {
 public:
     /// How long a stream may keep back its sound before it counts as silent.
