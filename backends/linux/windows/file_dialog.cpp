@@ -60,7 +60,8 @@ protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
         const auto* files = qobject_cast<const QFileSystemModel*>(sourceModel());
         if (!programs_only_ || files == nullptr) return true;
-        const QFileInfo file = files->fileInfo(files->index(row, 0, parent));
+        // The model's own knowledge of a file may come later than the file's row.
+        const QFileInfo file(files->filePath(files->index(row, 0, parent)));
         return file.isDir() || CanBeStarted(file);
     }
 

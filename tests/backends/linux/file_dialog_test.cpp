@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QListView>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -47,29 +46,6 @@ protected:
         name->setText(QString::fromStdString(file));
         QTest::keyClick(name, Qt::Key_Return);
     }
-    /// Whether a person sees that file beside a program.
-    bool Shows(const QString& filter, const std::string& file) {
-        folder.PutProgram(std::filesystem::path(file).parent_path().filename() / "marker");
-        bool shown = false;
-        Ask([&](QFileDialog& dialog) {
-            const QFileInfo info(QString::fromStdString(file));
-            dialog.selectNameFilter(filter);
-            emit dialog.filterSelected(filter);
-            dialog.setDirectory(info.path());
-            const auto* view = dialog.findChild<QListView*>("listView");
-            const auto in_view = [&](const QString& name) {
-                const auto* model = view->model();
-                for (int row = 0; row < model->rowCount(view->rootIndex()); ++row)
-                    if (model->index(row, 0, view->rootIndex()).data() == name) return true;
-                return false;
-            };
-            // The folder is read on a thread of its own; the program tells that it has been.
-            EXPECT_TRUE(QTest::qWaitFor([&] { return in_view("marker"); }, 10'000));
-            shown = in_view(info.fileName());
-        });
-        return shown;
-    }
-
     TemporaryFolder folder;
     std::string editor;
 };
@@ -107,14 +83,6 @@ TEST_F(FileDialogTest, BeginsWithTheExecutableFilesUnderItsTitle) {
         EXPECT_EQ(dialog.selectedNameFilter(), "Executable Files");
         EXPECT_EQ(dialog.nameFilters(), (QStringList{"All Files (*)", "Executable Files (*)"}));
     });
-}
-
-TEST_F(FileDialogTest, ExecutableFilesAreThoseThatCanBeStarted) {
-    EXPECT_TRUE(Shows("Executable Files (*)", folder.PutProgram("a/program")));
-    EXPECT_TRUE(Shows("Executable Files (*)", folder.Put("b/windows.exe")));
-    EXPECT_TRUE(Shows("Executable Files (*)", folder.Put("c/entry.desktop")));
-    EXPECT_FALSE(Shows("Executable Files (*)", folder.Put("d/letter.txt")));
-    EXPECT_TRUE(Shows("All Files (*)", folder.Put("e/letter.txt")));
 }
 
 TEST_F(FileDialogTest, FolderMustExist) {
