@@ -20,7 +20,7 @@ Currency SystemCommands::DiskFreePercent(const std::string& drive) {
     const double share = Finite(Divide(free.ToDouble(), total.ToDouble()) * 100);
     const Integer percent = Round(share).rep();
     loop_.DoEvents();
-    return Currency(percent);
+    return {percent};
 }
 
 }  // namespace corvane

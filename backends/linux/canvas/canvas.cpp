@@ -3,6 +3,8 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "linux/canvas/system_colours.h"
@@ -27,7 +29,9 @@ QFont ScreenFont(const StdFont& font) {
     QFont screen = DialogFont();
     if (font.Name != "MS Sans Serif") screen.setFamily(Words(font.Name));
     constexpr double kPixelsAPoint = 96.0 / 72.0;
-    screen.setPixelSize(std::max(1, static_cast<int>(font.Size * kPixelsAPoint + 0.5)));
+    constexpr double kLargest = 1000;  // a stored size may be anything
+    const double pixels = std::clamp(font.Size * kPixelsAPoint, 1.0, kLargest);
+    screen.setPixelSize(static_cast<int>(std::lround(pixels)));
     screen.setBold(font.Weight >= 700);
     return screen;
 }
