@@ -146,7 +146,7 @@ private:
                 if (character == '\n' && line_end != Notation::kNowhere)
                     Append("\n\n", position);  // an empty line ends a sentence
                 else if ((character == '<' || character == '>') && is_word)
-                    Append(SignName(character), position);
+                    Append(" " + std::string(SignName(character)) + " ", position);
                 else if (IsControl(character))
                     Append(" ", position);
                 else if (character == '[' && notation_.text.ends_with('['))
@@ -165,7 +165,7 @@ private:
         return character < ' ' || (character >= 0x7F && character < 0xA0);
     }
 
-    /// Whether a word of one character stands at a position. Asked in rising order.
+    /// Whether a word begins at a position. Asked in rising order.
     bool IsWord(std::size_t position) {
         while (!words_.empty() && words_.front().position < position) words_ = words_.subspan(1);
         return !words_.empty() && words_.front().position == position;

@@ -1,8 +1,8 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/voice/words.h"
 
-#include <optional>
 #include <string_view>
+#include <utility>
 
 #include "engine/voice/utf8.h"
 
@@ -26,6 +26,15 @@ bool IsUnsaid(std::uint32_t character) {
            Between(character, 0x2039, 0x203A) || character == 0x2060 ||
            Between(character, 0x3001, 0x3003) || Between(character, 0x3008, 0x3011) ||
            Between(character, 0xFE00, 0xFE0F) || character == 0xFEFF;
+}
+
+bool IsDigit(std::uint32_t character) {
+    return Between(character, '0', '9');
+}
+
+bool IsLetterOrDigit(std::uint32_t character) {
+    return IsDigit(character) || Between(character | 0x20U, 'a', 'z') ||
+           (character >= 0x80 && !IsUnsaid(character));
 }
 
 class WordFinder {
@@ -58,34 +67,62 @@ private:
     void Take(std::uint32_t character, const Word& place, bool spelled) {
         if (PartsWords(character)) {
             Finish();
-            return;
-        }
-        if (spelled) {
+        } else if (spelled) {
             Finish();
             words_.push_back(place);
-            return;
+        } else {
+            if (character == '<' && first_opening_ == kNone) first_opening_ = run_.size();
+            if (character == '>') last_closing_ = run_.size();
+            run_.push_back({.code = character, .place = place});
         }
-        const bool is_comparison = character == '<' || character == '>';
-        lone_comparison_ = is_comparison && !anything_ ? std::optional(place) : std::nullopt;
-        anything_ = true;
-        if (IsUnsaid(character)) return;
-        if (word_.length == 0) word_.position = place.position;
-        word_.length = place.position + place.length - word_.position;
     }
 
+    /// The words of what has stood since the last blank.
     void Finish() {
-        if (word_.length > 0) words_.push_back(word_);
-        if (lone_comparison_) words_.push_back(*lone_comparison_);
-        word_ = {};
-        lone_comparison_.reset();
-        anything_ = false;
+        Word word;
+        const auto end_word = [&] {
+            if (word.length > 0) words_.push_back(std::exchange(word, {}));
+        };
+        for (std::size_t i = 0; i < run_.size(); ++i) {
+            const auto& [code, place] = run_[i];
+            if (IsComparison(i)) {
+                end_word();
+                words_.push_back(place);
+            } else if (!IsUnsaid(code)) {
+                if (word.length == 0) word.position = place.position;
+                word.length = place.position + place.length - word.position;
+            }
+        }
+        end_word();
+        run_.clear();
+        first_opening_ = last_closing_ = kNone;
     }
+
+    /// Whether "<" or ">" is said: alone, in front of a number ("<5") or between letters and digits
+    /// ("a<b"), but not as one of a pair of brackets ("<b>").
+    [[nodiscard]] bool IsComparison(std::size_t at) const {
+        const std::uint32_t sign = run_[at].code;
+        if (sign != '<' && sign != '>') return false;
+        if (run_.size() == 1) return true;
+        const bool is_bracket =
+            sign == '<' ? last_closing_ != kNone && last_closing_ > at : first_opening_ < at;
+        if (is_bracket || at + 1 == run_.size()) return false;
+        const std::uint32_t next = run_[at + 1].code;
+        return at == 0 ? IsDigit(next)
+                       : IsLetterOrDigit(run_[at - 1].code) && IsLetterOrDigit(next);
+    }
+
+    struct Character {
+        std::uint32_t code;
+        Word place;
+    };
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
     std::vector<Word> words_;
-    Word word_;
-    bool anything_ = false;  ///< has stood since the last blank
-    std::optional<Word> lone_comparison_;
-    std::size_t behind_ = 0;  ///< the last span, in the original
+    std::vector<Character> run_;         ///< what has stood since the last blank
+    std::size_t first_opening_ = kNone;  ///< the first "<" of the run
+    std::size_t last_closing_ = kNone;   ///< its last ">"
+    std::size_t behind_ = 0;             ///< the last span, in the original
 };
 
 }  // namespace

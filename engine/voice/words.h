@@ -21,8 +21,8 @@ struct Word {
 ///
 /// A word is what stands between blanks, dashes and tags, without the punctuation at its ends, as
 /// far as that is never said: "don't", "$5,000", "C++", "www.example.com". "<" and ">" are words
-/// when they stand alone. A spelled character is a word, and so is all that a pronunciation
-/// replaces.
+/// where they compare: alone, in "<5" and in "a<b", but not in "<b>". A spelled character is a
+/// word, and so is all that a pronunciation replaces.
 [[nodiscard]] std::vector<Word> FindWords(const std::vector<Span>& spans);
 
 /// Whether a character only parts words; 0 stands for bytes that are no character.

@@ -63,7 +63,7 @@ std::shared_ptr<Form2> Application::CreateForm2() {
     form->mnuAbout.Click = [this] { form4_->ShowModal(); };
     form->List1.DblClick = [this] { command_help_.List1_DblClick(); };
     form->Timer1.Tick = [this] { status_monitor_.Timer1_Timer(); };
-    form->Command2.Click = [this] { speaker_.ReadWhiteboard(); };
+    form->Command2.Click = [this] { speaker_.Command2_Click(); };
     return form;
 }
 

@@ -35,7 +35,7 @@ void Speaker::SayGoodbye(const ResumeNext& step) {
     step([&] { voice_->WaitUntilDone(kGoodbyeMilliseconds); });
 }
 
-void Speaker::ReadWhiteboard() {
+void Speaker::Command2_Click() {
     voice_->SetEventInterests(kReadingInterests);
     Speak(main_window_->Text3.Text());
 }

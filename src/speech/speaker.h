@@ -32,8 +32,9 @@ public:
     /// Says goodbye, and waits for it no longer than a second.
     void SayGoodbye(const ResumeNext& step);
 
-    /// Reads the whiteboard, and wants to be told of each word and of the end.
-    void ReadWhiteboard();
+    /// Reads the whiteboard, and wants to be told of each word and of the end. The button Read does
+    /// it without passing over an error.
+    void Command2_Click();
     void ReadWhiteboard(const ResumeNext& step);
     /// Reads all text of the window that has the focus, by way of the clipboard and the whiteboard.
     /// The clipboard is taken as it stands, also if that window has copied nothing.

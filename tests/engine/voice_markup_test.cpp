@@ -278,8 +278,9 @@ TEST(NotationText, PronunciationIsPhonemes) {
     EXPECT_EQ(NotationOf("a[<pron sym=\"h ay\">b</pron>"), "a[ [[h|aI]] ");
 }
 
-TEST(NotationText, ComparisonsThatStandAloneAreNamed) {
-    EXPECT_EQ(NotationOf("a < b &gt; c <b>"), "a less than b greater than c <b>");
+TEST(NotationText, ComparisonsAreNamedAndBracketsAreNot) {
+    EXPECT_EQ(NotationOf("a < b &gt; c <b>"), "a  less than  b  greater than  c <b>");
+    EXPECT_EQ(NotationOf("a<b, 5&gt;3 <18"), "a less than b, 5 greater than 3  less than 18");
 }
 
 TEST(NotationText, EmptyLineEndsASentence) {

@@ -158,10 +158,17 @@ TEST(Synthesis, SilenceIsExact) {
     EXPECT_EQ(SoundOf("<silence msec=\"100\"/>"), std::vector<std::int16_t>(kVoiceRate / 10));
 }
 
-TEST(Synthesis, AnyTextCanBeSaid) {
-    for (const char* text : {"\x01", "\x80\xFF\xC3", "[[[[", "]]", "<", "&", "\xEF\xBF\xBF",
-                             "http://example.com/?a=b", "\xF0\x9F\x99\x82", "%s%n"})
-        for (Utterance utterance(text, false); !utterance.Done();) (void)utterance.Next();
+TEST(Synthesis, AnyTextCanBeSaidAndLeavesNothingBehind) {
+    const std::size_t hello = SoundOf("hello").size();
+    const auto plain = static_cast<double>(SoundOf("what follows is plain").size());
+    for (const std::string text :
+         {"\x01", "\x01 9S", "\x80\xFF\xC3", "[[[[", "]]", "<", "&", "\xEF\xBF\xBF",
+          "http://example.com/?a=b", "\xF0\x9F\x99\x82", "%s%n"}) {
+        EXPECT_GT(SoundOf("hello " + text).size(), hello / 2) << text;
+        EXPECT_NEAR(static_cast<double>(SoundOf("what follows is plain").size()), plain,
+                    0.05 * plain)
+            << text;
+    }
 }
 
 TEST(Synthesis, EmphasisDoesNotLeakIntoWhatFollows) {

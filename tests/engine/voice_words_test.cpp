@@ -51,6 +51,9 @@ constexpr std::array kWords = std::to_array<Reading>({
     {"word\xE2\x80\x94word\xE2\x80\xA6 so", "0+4 5+4 11+2"},
     {"a < b > c", "0+1 2+1 4+1 6+1 8+1"},
     {"<b>bold</b> <- << ", "1+9"},
+    {"x<y, 5>3 (a<b<c)", "0+1 1+1 2+1 5+1 6+1 7+1 10+1 11+1 12+1 13+1 14+1"},
+    {"<5 >18 <x >x", "0+1 1+1 3+1 4+2 8+1 11+1"},
+    {"vector<int> a<=b a->b c=>d a>b<c", "0+10 12+4 17+4 22+4 27+1 28+1 29+1 30+1 31+1"},
     {"\xF0\x9F\x99\x82 & +", "0+1 2+1 4+1"},
     {"a\x80z", "0+1 2+1"},
 });
@@ -62,6 +65,7 @@ constexpr std::array kWordsInMarkup = std::to_array<Reading>({
     {"a<bookmark mark=\"1\"/>b", "0+1 21+1"},
     {"AT&amp;T", "0+8"},
     {"x &lt; y", "0+1 2+4 7+1"},
+    {"x&lt;y", "0+1 1+4 5+1"},
     {"&quot;hi&quot;", "6+2"},
     {"<spell>a, b&amp;</spell>c", "7+1 8+1 10+1 11+5 24+1"},
     {"<pron sym=\"h ay\">hi there</pron><pron sym=\"h ay\"/>x", "17+8 50+1"},
@@ -87,7 +91,8 @@ std::vector<Word> Spoken(const std::string& text) {
 
 TEST(SpokenWords, EachIsMarkedOnceAndInOrder) {
     for (const std::string text :
-         {"I am one of the many, and the 1,234,567 others are at www.example.com/index.html!",
+         {"If x<y and 5>3, then <18 is a<b<c too.",
+          "I am one of the many, and the 1,234,567 others are at www.example.com/index.html!",
           "\"It's 3:05 PM,\" said Dr. O'Neill-Smith; NASA's U.S. budget (c. $5.5bn) fell by 10%.",
           "a < b <emph>and</emph> c > d &amp; e, <rate speed=\"3\">so</rate> <spell>x-y</spell>",
           "<pron sym=\"h eh l ow\">hello you</pron> <volume level=\"20\">\xC3\xA9t\xC3\xA9",

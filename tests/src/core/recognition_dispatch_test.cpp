@@ -285,6 +285,12 @@ protected:
         desktop.speech.Claim("words", rule, confidence);
         desktop.RunFor({});
     }
+    /// The other program copies that text when it is told to.
+    void OtherProgramCopies(const std::string& text) {
+        desktop.runtime.OnSendKeys = [this, text](const std::string& keys) {
+            if (keys == "^c") desktop.clipboard.Copy(text);
+        };
+    }
     DispatchWithVoice() {
         desktop.files.Put("/commands.xml", GrammarOf(SimpleRule("copy", "copy")));
         recogniser.Events.Recognition = [this](std::int32_t number, const Variant& position,
@@ -332,6 +338,27 @@ TEST_F(DispatchWithVoice, AThrownOutPhraseLeavesTheVoicesInterestsAlone) {
     voice->SetEventInterests(548);
     Recognise("copy", SECNormalConfidence);
     EXPECT_EQ(voice->EventInterests(), 548);
+}
+
+TEST_F(DispatchWithVoice, WithoutAVoiceEveryAnswerIsPassedOverInSilence) {
+    voice = {};
+    OtherProgramCopies("from elsewhere");
+    const std::pair<const char*, const char*> kCalls[] = {
+        {"the date", ""},
+        {"the time", ""},
+        {"you there", ""},
+        {"read whiteboard", ""},
+        {"read selected", "SendKeys ^c wait\nClipboard.GetText\n"},
+        {"read all", "SendKeys ^a wait\nSendKeys ^c wait\nClipboard.GetText\n"},
+        {"copy", "SendKeys ^c wait\n"},
+    };
+    for (const auto& [rule, calls] : kCalls) {
+        desktop.record.Clear();
+        Recognise(rule, SECHighConfidence);
+        EXPECT_EQ(desktop.record.Transcript(), calls) << rule;
+    }
+    EXPECT_EQ(form2->Text3.Text(), "from elsewhere");
+    EXPECT_FALSE(desktop.runtime.Ended());
 }
 
 TEST_F(DispatchWithVoice, AVoiceThatRefusesItsInterestsDoesNotStopTheCommand) {
