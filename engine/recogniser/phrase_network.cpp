@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <ranges>
 #include <set>
 #include <sstream>
 #include <string>
@@ -117,10 +118,10 @@ private:
                 for (const Phones& way : Ways(arc->word)) to.before.insert(way.back());
             }
         }
-        for (auto state = order_.rbegin(); state != order_.rend(); ++state) {
-            PhoneSet& after = StateAt(*state).after;
-            if (StateAt(*state).pause) after.insert(silence);
-            for (const Arc* arc : StateAt(*state).leaving) {
+        for (const int state : std::views::reverse(order_)) {
+            PhoneSet& after = StateAt(state).after;
+            if (StateAt(state).pause) after.insert(silence);
+            for (const Arc* arc : StateAt(state).leaving) {
                 if (arc->word == WordGraph::kNoWord)
                     after.insert(StateAt(arc->to).after.begin(), StateAt(arc->to).after.end());
                 else

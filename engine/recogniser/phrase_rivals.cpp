@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -43,7 +44,9 @@ std::map<int, std::vector<int>> ChoicesByRule(const PhraseNetwork& network, cons
         int join = PhraseNetwork::kStart;
         std::size_t said = 0;
         int rule = kNoRule;
-        auto operator<=>(const Place&) const = default;
+        bool operator<(const Place& other) const {
+            return std::tie(join, said, rule) < std::tie(other.join, other.said, other.rule);
+        }
     };
     std::map<int, std::vector<int>> choices;
     std::set<Place> seen;

@@ -157,7 +157,7 @@ TEST_F(SpokenFeedback, LoudAndQuietSpeechIsTold) {
 TEST_F(SpokenFeedback, HurriedAndDrawnOutSpeechIsTold) {
     const std::string text = "please read the whiteboard";
     EXPECT_EQ(InterferencesOf(Amplified(testing::Say(text, "slt", 0.5), 1.0)), Told{SITooFast});
-    EXPECT_EQ(InterferencesOf(Amplified(testing::Say(text, "slt", 2.6), 1.0)), Told{SITooSlow});
+    EXPECT_EQ(InterferencesOf(Amplified(testing::Say(text, "slt", 2.2), 1.0)), Told{SITooSlow});
 }
 
 }  // namespace

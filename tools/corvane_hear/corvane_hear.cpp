@@ -4,6 +4,8 @@
 // file, event (recognition or hypothesis), rule, confidence (-1, 0, 1), score (0 to 1), start_ms,
 // end_ms, latency_ms, text. With --all there are lines of the event interference too: why it is
 // hard to hear is their text, start_ms and end_ms are where it was noticed, the others are 0.
+// With --features a line of the event features follows each recognition: what its score was made
+// of, as name=value. With --final there are no hypotheses, which takes half the time.
 
 #include <array>
 #include <cstdio>
@@ -155,7 +157,7 @@ Arguments ArgumentsOf(const std::vector<std::string>& words) {
 int main(int argc, char** argv) {
     const Arguments arguments = ArgumentsOf({argv + 1, argv + argc});
     if (arguments.files.empty()) {
-        std::cerr << "usage: corvane-hear [--all] [--grammar FILE]... WAV...\n";
+        std::cerr << "usage: corvane-hear [--all] [--features] [--final] [--grammar FILE]... WAV...\n";
         return 2;
     }
     try {
