@@ -14,14 +14,12 @@ namespace {
 // weights.
 constexpr double kScoreUnit = 100.0;
 
-// Scores are logistic(discriminant): 1.5 for high, -1.0 for normal.
-constexpr double kHighScore = 0.818;
-constexpr double kNormalScore = 0.269;
+constexpr double kHighScore = 0.75;
+constexpr double kNormalScore = 0.3;
 
 // More phones than this tell no more, nor does a wider margin or a still worse phone.
-constexpr double kManyPhones = 40.0;
+constexpr double kManyPhones = 20.0;
 constexpr double kWideMargin = 3.0;
-constexpr double kWideWordMargin = 1.0;
 constexpr double kWorstPhone = -20.0;
 
 /// What the scores of a path's segments tell by themselves. Scores are means over frames.
@@ -51,13 +49,11 @@ SegmentEvidence EvidenceOfSegments(const Path& path, const WordGraph& graph) {
     return evidence;
 }
 
-// Linear discriminants between right commands and everything else (other speech, near misses,
-// noises), fitted by logistic regression on synthesised and real recordings; see README.md.
-
+// What is left to judge by where the phones are not known. Its bias makes it as strict.
 double WithoutPhones(const SegmentEvidence& path) {
     return 19.96 * path.mean + 7.41 * path.worst_word + 2.32 * std::log(path.word_frames / 100.0) -
            1.76 * path.word_frames / path.letters / 10.0 -
-           5.34 * (path.all_frames - path.word_frames) / path.all_frames + 17.54;
+           5.34 * (path.all_frames - path.word_frames) / path.all_frames + 17.14;
 }
 
 double Likelihood(double z) {
@@ -75,8 +71,8 @@ double Weigh(const auto& weights, double bias, const std::vector<Feature>& featu
 }
 
 /// A margin without the part of it that tells no more.
-double Narrow(double margin, double widest) {
-    return std::clamp(margin / kScoreUnit, -2.0, widest);
+double Narrow(double margin) {
+    return std::clamp(margin / kScoreUnit, -2.0, kWideMargin);
 }
 
 }  // namespace
@@ -99,10 +95,8 @@ std::vector<Feature> FeaturesOf(const Path& path, const WordGraph& graph) {
                                          {"spread", phones.spread}});
     }
     if (path.rivals) {
-        features.insert(features.end(),
-                        {{"rule_margin", Narrow(path.rivals->rule, kWideMargin)},
-                         {"choice_margin", Narrow(path.rivals->choice, kWideMargin)},
-                         {"word_margin", Narrow(path.rivals->words, kWideWordMargin)}});
+        features.insert(features.end(), {{"rule_margin", Narrow(path.rivals->rule)},
+                                         {"choice_margin", Narrow(path.rivals->choice)}});
     }
     return features;
 }

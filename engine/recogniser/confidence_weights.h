@@ -3,6 +3,8 @@
 
 #include <array>
 
+// Written by tools/confidence/fit; docs/confidence.md has what from.
+
 namespace corvane::engine {
 
 struct FeatureWeight {
@@ -10,23 +12,25 @@ struct FeatureWeight {
     double weight;
 };
 
-inline constexpr double kCommandBias = 0.30;
-inline constexpr std::array<FeatureWeight, 8> kCommandWeights{{
-    {"over_loop", 34.94},
-    {"mean_rank", -0.26},
-    {"mean_score", -3.81},
-    {"short_share", -7.41},
-    {"worst_quarter", 5.80},
-    {"mean_fit", -14.12},
-    {"phones", 0.19},
-    {"worst_word_rank", -2.28},
+inline constexpr double kCommandBias = 9.1458;
+inline constexpr std::array<FeatureWeight, 11> kCommandWeights{{
+    {"over_loop", 20.6167},
+    {"mean_rank", -0.3506},
+    {"mean_score", 6.4673},
+    {"short_share", -7.4792},
+    {"worst_quarter", 1.4885},
+    {"mean_fit", -2.8230},
+    {"phones", 0.3875},
+    {"worst_word_rank", -1.4504},
+    {"worst_word", 0.4653},
+    {"worst_phone", 0.0417},
+    {"spread", -4.5253},
 }};
 
-inline constexpr double kReadingBias = 1.0;
-inline constexpr std::array<FeatureWeight, 3> kReadingWeights{{
-    {"rule_margin", 0.5},
-    {"choice_margin", 0.5},
-    {"word_margin", 0.5},
+inline constexpr double kReadingBias = -5.6629;
+inline constexpr std::array<FeatureWeight, 2> kReadingWeights{{
+    {"rule_margin", 1.1848},
+    {"choice_margin", 1.6904},
 }};
 
 }  // namespace corvane::engine

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <ranges>
 #include <set>
 #include <sstream>
 #include <string>
@@ -17,8 +18,8 @@ using Position = ModelDefinition::Position;
 using Phones = std::vector<std::size_t>;
 using PhoneSet = std::set<std::size_t>;
 
-// A shorter list has ways to say the same, a longer one has what differs: letters, names, sizes.
-constexpr int kLongList = 6;
+// So many letters in one place are a list of them; fewer are spelled out, as in "c d rom".
+constexpr int kAlphabet = 6;
 
 Phones PhonesOf(const std::string& pronunciation, const ModelDefinition& model) {
     Phones phones;
@@ -117,10 +118,10 @@ private:
                 for (const Phones& way : Ways(arc->word)) to.before.insert(way.back());
             }
         }
-        for (auto state = order_.rbegin(); state != order_.rend(); ++state) {
-            PhoneSet& after = StateAt(*state).after;
-            if (StateAt(*state).pause) after.insert(silence);
-            for (const Arc* arc : StateAt(*state).leaving) {
+        for (const int state : std::views::reverse(order_)) {
+            PhoneSet& after = StateAt(state).after;
+            if (StateAt(state).pause) after.insert(silence);
+            for (const Arc* arc : StateAt(state).leaving) {
                 if (arc->word == WordGraph::kNoWord)
                     after.insert(StateAt(arc->to).after.begin(), StateAt(arc->to).after.end());
                 else
@@ -208,22 +209,17 @@ private:
         }
     }
 
-    /// Is it one of the many that could stand in its place? They, or what must follow them, lead
-    /// from the same state to the same.
+    /// Is it one letter of a list of them? They lead from the same state to the same.
     bool IsChoice(const Arc& arc) {
-        const int end = EndOfPhrase(arc);
-        const auto others = std::ranges::count_if(StateAt(arc.from).leaving, [&](const Arc* other) {
-            return other->word != WordGraph::kNoWord && other->word != arc.word &&
-                   EndOfPhrase(*other) == end;
-        });
-        return others + 1 >= kLongList;
-    }
-
-    int EndOfPhrase(const Arc& arc) {
-        int state = arc.to;
-        while (StateAt(state).entering == 1 && StateAt(state).leaving.size() == 1)
-            state = StateAt(state).leaving.front()->to;
-        return state;
+        const auto is_letter = [&](const Arc& some) {
+            return some.word != WordGraph::kNoWord &&
+                   graph_.words[static_cast<std::size_t>(some.word)].spelling.size() == 1;
+        };
+        if (!is_letter(arc)) return false;
+        const auto letters = std::ranges::count_if(
+            StateAt(arc.from).leaving,
+            [&](const Arc* other) { return is_letter(*other) && other->to == arc.to; });
+        return letters >= kAlphabet;
     }
 
     const WordGraph& graph_;

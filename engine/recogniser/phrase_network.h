@@ -20,10 +20,8 @@ struct PhraseNetwork {
     struct Phone {
         ModelDefinition::States senones{};
         int to = 0;
-        int word = kNoWord;  ///< index into the graph's words, of a word's first phone
-        /// Of a word's first phone: it begins a member of a long list, whose members mean different
-        /// things.
-        bool choice = false;
+        int word = kNoWord;   ///< index into the graph's words, of a word's first phone
+        bool choice = false;  ///< of a word's first phone: the word is one letter of a list
         bool silence = false;
     };
     struct Join {

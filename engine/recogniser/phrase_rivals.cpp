@@ -2,9 +2,9 @@
 #include "engine/recogniser/phrase_rivals.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <set>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -44,7 +44,9 @@ std::map<int, std::vector<int>> ChoicesByRule(const PhraseNetwork& network, cons
         int join = PhraseNetwork::kStart;
         std::size_t said = 0;
         int rule = kNoRule;
-        auto operator<=>(const Place&) const = default;
+        bool operator<(const Place& other) const {
+            return std::tie(join, said, rule) < std::tie(other.join, other.said, other.rule);
+        }
     };
     std::map<int, std::vector<int>> choices;
     std::set<Place> seen;
@@ -97,32 +99,22 @@ RivalMargins PhraseRivals::Margins(std::span<const int> words, const SenoneScore
     const std::vector<int>& choices = own_choices.begin()->second;
     const auto same = [&](int one, int other) { return SoundsAs(graph_, one, other); };
 
-    std::array searches{
-        PhraseSearch(own, {.words = {words.begin(), words.end()},
-                           .step = [](const auto&) { return Step::follow; },
-                           .same = same}),
-        PhraseSearch(
-            own,
-            {.words = choices,
-             .step = [](const auto& phone) { return phone.choice ? Step::follow : Step::pass; },
-             .same = same}),
-        PhraseSearch(whole_, {.words = {},
-                              .step =
-                                  [&](const auto& phone) {
-                                      return is_rival(phone.word) ? Step::pass : Step::avoid;
-                                  },
-                              .same = same})};
+    PhraseSearch inside(
+        own, {.words = choices,
+              .step = [](const auto& phone) { return phone.choice ? Step::follow : Step::pass; },
+              .same = same});
+    PhraseSearch outside(
+        whole_,
+        {.words = {},
+         .step = [&](const auto& phone) { return is_rival(phone.word) ? Step::pass : Step::avoid; },
+         .same = same});
     Cost threshold = -kBeam;
     for (std::size_t frame = 0; frame < scores.Frames(); ++frame) {
-        Cost best = PhraseSearch::kImpossible;
-        for (PhraseSearch& search : searches)
-            best = std::max(best, search.Take(scores.Frame(frame), threshold));
-        threshold = best - kBeam;
+        const auto costs = scores.Frame(frame);
+        threshold = std::max(inside.Take(costs, threshold), outside.Take(costs, threshold)) - kBeam;
     }
-    const auto& [every_word, some_words, others] = searches;
-    return {.rule = Margin(some_words.Followed(), others.Followed()),
-            .choice = Margin(some_words.Followed(), some_words.Departed()),
-            .words = Margin(every_word.Followed(), every_word.Departed())};
+    return {.rule = Margin(inside.Followed(), outside.Followed()),
+            .choice = Margin(inside.Followed(), inside.Departed())};
 }
 
 }  // namespace corvane::engine

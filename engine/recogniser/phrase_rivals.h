@@ -16,8 +16,7 @@ struct RivalMargins {
     static constexpr double kNone = 1000.0;  ///< no rival comes near, or there is none at all
 
     double rule = kNone;    ///< to other words, of another rule
-    double choice = kNone;  ///< to another member of a long list, of letters for one, of this rule
-    double words = kNone;   ///< to any other words of this rule
+    double choice = kNone;  ///< to another letter where this one was said; letters sound alike
 };
 
 /// Looks for the reading that comes second. It searches the graph again by itself, with the

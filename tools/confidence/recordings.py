@@ -6,6 +6,7 @@ from dataclasses import dataclass
 
 import numpy as np
 
+import sayings
 import voices
 
 
@@ -28,6 +29,13 @@ class Recognition:
         return self.rule != "" and (self.rule, self.text) == (self.heard_rule, self.heard)
 
     @property
+    def mistaken(self):
+        """Something else would be done than was said: a word like "the" more or less is no mistake."""
+        if self.rule == "" or self.rule != self.heard_rule:
+            return True
+        return self.rule == sayings.LETTERS_RULE and self.text.split()[-1] != self.heard.split()[-1]
+
+    @property
     def speaker(self):
         voice = self.voice.split(",")[0]
         return voices.VOICES[voice][2] if voice in voices.VOICES else voice
@@ -45,9 +53,10 @@ def read(path):
             row.kind = row.measure
         elif row.right:
             row.kind = "right " + row.measure
+        elif in_file[row.file] > 1:
+            row.kind = "beside"  # more was heard than said: a noise, or half of the command
         else:
-            # More than one thing heard where one was said: this one is the noise beside it.
-            row.kind = "wrong" if in_file[row.file] == 1 else "beside"
+            row.kind = "mistaken" if row.mistaken else "other words"
     # What was heard without the phones is scored by other weights.
     return [row for row in rows if "rule_margin" in row.features]
 
