@@ -287,6 +287,8 @@ TEST(GaugePercent, IsAWholeNumberAndATieGoesAwayFromZero) {
     EXPECT_EQ(FormatPercent(0.125), "13%");
     EXPECT_EQ(FormatPercent(-0.125), "-13%");
     EXPECT_EQ(FormatPercent(2.0 / 3), "67%");
+    EXPECT_EQ(FormatPercent(-0.001), "0%");
+    EXPECT_EQ(FormatPercent(30000000), "3000000000%") << "more than a Long holds";
 }
 
 TEST_F(GaugeDrawing, CirclesOfTheBackgroundsColourAreLeftOut) {
