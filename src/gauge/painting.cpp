@@ -1,7 +1,10 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "gauge/painting.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
+#include <limits>
 
 #include "gauge/scale.h"
 #include "runtime/text.h"
@@ -160,7 +163,12 @@ void GaugePainting::TextOut(Long x, Long y, const std::string& text) {
 }
 
 std::string FormatPercent(double number) {
-    return CStr(Fix(std::round(Finite(number * 100)))) + "%";
+    // A share may be larger than any Long: Value stays above a Max that has been lowered.
+    const double whole = std::round(Finite(number * 100)) + 0.0;  // and 0 has no sign
+    std::array<char, std::numeric_limits<double>::max_exponent10 + 3> digits{};
+    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), whole,
+                                       std::chars_format::fixed);
+    return std::string(digits.data(), written.ptr) + "%";
 }
 
 }  // namespace corvane

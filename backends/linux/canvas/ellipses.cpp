@@ -3,6 +3,8 @@
 
 #include <cmath>
 #include <numbers>
+#include <numeric>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -130,27 +132,46 @@ void DrawEllipse(const Bitmap& bitmap, const Pen& pen, std::optional<std::uint32
 
 void DrawArc(const Bitmap& bitmap, const Pen& pen, const Box& box, POINT start, POINT end) {
     if (box.Empty()) return;
-    const double cx = static_cast<double>(box.left + box.right - 1) / 2;
-    const double cy = static_cast<double>(box.top + box.bottom - 1) / 2;
-    const double a = static_cast<double>(box.right - box.left) / 2;
-    const double b = static_cast<double>(box.bottom - box.top) / 2;
     constexpr double kTurn = 2 * std::numbers::pi;
-    const auto angle = [&](double x, double y) { return std::atan2((cy - y) / b, (x - cx) / a); };
-    const double from = angle(start.x, start.y);
-    double to = angle(end.x, end.y);
-    if (to <= from) to += kTurn;
+    // The ends are seen from the whole pixel in the middle. A place of the edge that lies exactly
+    // in their direction comes behind it in the upper half, and before it in the lower: so the
+    // reference drawings have it.
+    constexpr double kHardly = 1e-9;
+    const auto direction = [&](POINT end_point) {
+        const std::int64_t x = end_point.x - std::midpoint(box.left, box.right);
+        const std::int64_t y = std::midpoint(box.top, box.bottom) - end_point.y;
+        const double angle = std::atan2(static_cast<double>(y), static_cast<double>(x));
+        return angle < 0 ? angle + kHardly : angle - kHardly;
+    };
+    const auto around = [&](double angle) { return angle < 0 ? angle + kTurn : angle; };
+    const double from = direction(start);
+    const double turned = std::remainder(direction(end) - from, kTurn);
+    const double length = std::fabs(turned) < kHardly ? kTurn : around(turned);
 
-    std::vector<std::pair<double, Place>> part;
+    struct Part {
+        double at;     // how far behind the start
+        double aside;  // of two that are counted as one direction, which comes first
+        Place place;
+    };
+    std::vector<Part> parts;
     for (const Place& place : OutlineOf(box, bitmap, pen)) {
-        double at = angle(static_cast<double>(place.x), static_cast<double>(place.y));
-        while (at < from) at += kTurn;
-        if (at <= to) part.emplace_back(at, place);
+        // Counted in whole pixels from the axes: of an even side, the two in the middle both lie on
+        // the axis.
+        const std::int64_t twice_x = 2 * place.x - (box.left + box.right - 1);
+        const std::int64_t twice_y = box.top + box.bottom - 1 - 2 * place.y;
+        const double counted =
+            std::atan2(static_cast<double>(twice_y / 2), static_cast<double>(twice_x / 2));
+        const double exact = std::atan2(static_cast<double>(twice_y), static_cast<double>(twice_x));
+        const double at = around(std::remainder(counted - from, kTurn));
+        if (at <= length) parts.push_back({at, std::remainder(exact - counted, kTurn), place});
     }
-    std::sort(part.begin(), part.end());
+    std::sort(parts.begin(), parts.end(), [](const Part& a, const Part& b) {
+        return std::tie(a.at, a.aside, a.place) < std::tie(b.at, b.aside, b.place);
+    });
     const bool flat = box.right - box.left <= 2 || box.bottom - box.top <= 2;
-    if (part.size() > 1 && !flat) part.pop_back();
+    if (!parts.empty() && !flat) parts.pop_back();
     Outline outline;
-    for (const auto& [at, place] : part) outline.push_back(place);
+    for (const Part& part : parts) outline.push_back(part.place);
     Stroke(bitmap, pen, outline);
 }
 

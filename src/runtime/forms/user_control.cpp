@@ -29,7 +29,8 @@ void UserControl::SetHeight(Twips height) {
 }
 
 void UserControl::SetSize(Twips width, Twips height) {
-    if (width == width_ && height == height_) return;
+    if (sized_ && width == width_ && height == height_) return;
+    sized_ = true;
     width_ = width;
     height_ = height;
     FitSurface();

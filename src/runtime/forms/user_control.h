@@ -22,7 +22,8 @@ public:
     UserControl(const UserControl&) = delete;
     UserControl& operator=(const UserControl&) = delete;
 
-    /// Raised by every change of the outer size.
+    /// Raised by every change of the outer size, and by the first size that it is given, whatever
+    /// that is.
     std::function<void()> Resize;
     /// Raised when a property of the control has been assigned; tells the property's key.
     std::function<void(std::string_view key)> PropertyChanged;
@@ -67,6 +68,7 @@ private:
     IControlHost& host_;
     Twips width_ = 1005;
     Twips height_ = 1005;
+    bool sized_ = false;
     Colour back_color_;
     Colour mask_color_;
     Backing back_style_ = Backing::Opaque;

@@ -107,6 +107,35 @@ TEST_F(CanvasTest, AnArcRunsCounterclockwise) {
     EXPECT_EQ(At(5, 15), PixelOf(kRed));
 }
 
+TEST_F(CanvasTest, AnArcBeginsBehindThePlaceThatItsStartPointsAtInTheLowerHalfAndAtItInTheUpper) {
+    gdi.Arc(hdc(), 10, 5, 29, 24, 25, 17, 19, 0);  // the middle is 19, 14
+    EXPECT_EQ(At(27, 18), PixelOf(kWhite));        // 8 to the right and 4 down, as 6 and 3 are
+    EXPECT_EQ(At(27, 17), PixelOf(kRed));
+    EXPECT_EQ(At(11, 10), PixelOf(kWhite));
+    gdi.Arc(hdc(), 10, 5, 29, 24, 13, 11, 19, 29);
+    EXPECT_EQ(At(11, 10), PixelOf(kRed));
+}
+
+TEST_F(CanvasTest, TwoArcsOfOneEllipseLeaveOutTheLastPixelOfEach) {
+    for (const int right : {29, 30}) {
+        canvas.Cls(kWhite);
+        gdi.Ellipse(hdc(), 10, 5, right, 24);
+        const int whole = Coloured();
+        canvas.Cls(kWhite);
+        gdi.Arc(hdc(), 10, 5, right, 24, 38, 7, 2, 20);
+        gdi.Arc(hdc(), 10, 5, right, 24, 2, 20, 38, 7);
+        EXPECT_EQ(Coloured(), whole - 2) << right;
+    }
+}
+
+TEST_F(CanvasTest, AnArcThatEndsWhereItBeginsIsTheWholeEllipseWithoutItsLastPixel) {
+    gdi.Ellipse(hdc(), 10, 5, 29, 24);
+    const int whole = Coloured();
+    canvas.Cls(kWhite);
+    gdi.Arc(hdc(), 10, 5, 29, 24, 25, 17, 31, 20);
+    EXPECT_EQ(Coloured(), whole - 1);
+}
+
 TEST_F(CanvasTest, TextHasNoBackgroundAndBeginsAtItsTopLeft) {
     canvas.Cls(kBlue);
     gdi.TextOutA(hdc(), 4, 6, "50%", 3);

@@ -147,7 +147,10 @@ TEST_F(StatusMonitorTest, HiddenInTheTrayItGoesOn) {
     EXPECT_FALSE(desk.MainWindowVisible());
     EXPECT_EQ(Gauge("bkCProg1"), "12%\n12%\n");
     desk.Hear("show corvane");
+    EXPECT_TRUE(desk.MainWindowVisible());
     EXPECT_EQ(Words(), "Connection via LAN");
+    EXPECT_EQ(PictureShown(), "connection_lan");
+    EXPECT_EQ(Gauge("bkCProg1"), "12%\n12%\n");
 }
 
 TEST_F(StatusMonitorTest, APathWithoutADriveEndsTheProcessWithTheErrorReport) {

@@ -285,19 +285,34 @@ TEST(GaugeAutoMask, TheMaskFollowsTheBackground) {
     EXPECT_EQ(desk.shown->mask_colour, 0x00FF00);
 }
 
-TEST(GaugeColours, ASystemColourStaysOneInThePublicField) {
+TEST(GaugeColours, ASystemColourStaysOneInEveryPublicField) {
     GaugeDesk desk;
+    bkCProg& g = desk.gauge;
     const Long system = static_cast<Colour>(0x80000005);
-    desk.gauge.SetStartColor(system);
-    desk.gauge.SetMidColor(system);
-    desk.gauge.SetEndColor(system);
-    desk.gauge.SetTextColor(system);
-    desk.gauge.SetBackColor(system);
-    EXPECT_EQ(desk.gauge.StartColor(), system);
-    EXPECT_EQ(desk.gauge.MidColor(), system);
-    EXPECT_EQ(desk.gauge.EndColor(), system);
-    EXPECT_EQ(desk.gauge.TextColor(), system);
-    EXPECT_EQ(desk.gauge.BackColor(), system);
+    desk.desktop.user32.SetSysColor(5, 0x00FE01);
+    g.SetStartColor(system);
+    g.SetMidColor(system);
+    g.SetEndColor(system);
+    g.SetBackColor(system);
+    g.SetBorderColor(system);
+    g.SetCircleColor(system);
+    g.SetMaskColor(system);
+    g.SetNeedleColor(system);
+    g.SetTextColor(system);
+    g.SetTextShadowColor(system);
+    g.SetTickColor(system);
+    for (const Long colour : {g.StartColor(), g.MidColor(), g.EndColor(), g.BackColor(),
+                              g.BorderColor(), g.CircleColor(), g.MaskColor(), g.NeedleColor(),
+                              g.TextColor(), g.TextShadowColor(), g.TickColor()})
+        EXPECT_EQ(colour, system);
+    PropertyBag bag;
+    g.WriteProperties(bag);
+    EXPECT_EQ(CLng(bag.ReadProperty("StartColor", {})), system);
+    const std::string drawing = desk.Drawing();
+    EXPECT_NE(drawing.find("ForeColor 0x00FE01\nMoveToEx"), std::string::npos)
+        << "what is blended is translated";
+    EXPECT_NE(drawing.find("ForeColor 0x80000005\n"), std::string::npos)
+        << "the border's colour is handed on as it is";
 }
 
 TEST(GaugeFailure, AFailedDrawingComesBehindTheValueAndBeforeTheKey) {
@@ -331,6 +346,17 @@ TEST(GaugeMembers, AreThe53InTheirOrder) {
               "TextShadowYOffset "
               "TickColor TickFrequency TickPosition TickSize TickStyle TickWidth Tricolor "
               "UseMask Value XCenter YCenter ");
+    std::string arguments;
+    for (const auto& member : kGaugeMembers)
+        if (!member.argument.empty()) arguments += std::string(member.argument) + " ";
+    EXPECT_EQ(arguments,
+              "blnAutoMask blnAutoSize lBackColor lBorderColor lBorderWidth lCircleColor "
+              "bClockwise lEndColor bFade oFont blnGradient blnInset lMaskColor pMaskPicture lMax "
+              "lMidColor lMin lNeedleColor lOffsetAngle pPicture lRadius blnShowArc bBorder "
+              "blnShowCircle blnShowNeedle blnShowValue blnShowValueAsPercent bShowZeroLine lSpan "
+              "lStartColor lTextColor lTextOffsetX lTextOffsetY blnTextShadow lTextShadowColor "
+              "iTextShadowXOffset iTextShadowYOffset lTickColor sngTickFrequency nTickPosition "
+              "iTickSize nTickStyle iTickWidth bTricolor bUseMask lValue lXCenter lYCenter ");
     const auto id_of = [](std::string_view name) {
         return std::ranges::find(kGaugeMembers, name, &GaugeMember::name)->id;
     };

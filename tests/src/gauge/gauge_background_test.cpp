@@ -17,6 +17,17 @@ TEST(GaugeSizing, TheMainWindowsGauge) {
     EXPECT_EQ(desk.shown->surface->Size(), (PixelSize{99, 88}));
 }
 
+TEST(GaugeSizing, TheFirstSizeCountsAlsoWhenItIsThatOfANewControl) {
+    GaugeDesk desk;
+    EXPECT_EQ(desk.gauge.Radius(), 0);
+    EXPECT_EQ(desk.RepaintsOf([&] { desk.gauge.UserControl.SetSize(1005, 1005); }), 1);
+    EXPECT_EQ(desk.gauge.XCenter(), 33);
+    EXPECT_EQ(desk.gauge.YCenter(), 33);
+    EXPECT_EQ(desk.gauge.Radius(), 32);
+    EXPECT_EQ(desk.RepaintsOf([&] { desk.gauge.UserControl.SetSize(1005, 1005); }), 0)
+        << "the same size again is no change";
+}
+
 TEST(GaugeSizing, ASquareOneTakesItsRadiusFromXCenter) {
     GaugeDesk desk(15, 10);  // 100 pixels across, 150 down
     desk.gauge.UserControl.SetSize(1500, 1500);

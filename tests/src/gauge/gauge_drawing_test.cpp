@@ -151,6 +151,21 @@ TEST_F(GaugeDrawing, TenTicksOnAFullDialElevenOnAPartialOne) {
     EXPECT_TRUE(desk.Drawing().ends_with("MoveToEx 10 50\nLineTo 14 50\n")) << desk.Drawing();
 }
 
+TEST_F(GaugeDrawing, TicksOfAFullDialStandEvery36Degrees) {
+    gauge.SetValue(0);
+    gauge.SetTickStyle(kLineTicks);
+    GaugeState dial;
+    dial.XCenter = dial.YCenter = 50;
+    std::string ticks;
+    for (int angle = 0; angle <= 324; angle += 36) {
+        const POINT p = GetCirclePoint(dial, 40, angle);
+        const POINT q = GetCirclePoint(dial, 36, angle);
+        ticks += "MoveToEx " + std::to_string(p.x) + " " + std::to_string(p.y) + "\nLineTo " +
+                 std::to_string(q.x) + " " + std::to_string(q.y) + "\n";
+    }
+    EXPECT_TRUE(desk.Drawing().ends_with("FillColor 0x000000\n" + ticks)) << desk.Drawing();
+}
+
 TEST_F(GaugeDrawing, ATickFrequencyOfZeroNeverComesToAnEnd) {
     gauge.SetTickFrequency(0);
     EXPECT_THROW(gauge.SetTickStyle(kLineTicks), simulated::EndlessDrawing);
@@ -272,6 +287,8 @@ TEST(GaugePercent, IsAWholeNumberAndATieGoesAwayFromZero) {
     EXPECT_EQ(FormatPercent(0.125), "13%");
     EXPECT_EQ(FormatPercent(-0.125), "-13%");
     EXPECT_EQ(FormatPercent(2.0 / 3), "67%");
+    EXPECT_EQ(FormatPercent(-0.001), "0%");
+    EXPECT_EQ(FormatPercent(30000000), "3000000000%") << "more than a Long holds";
 }
 
 TEST_F(GaugeDrawing, CirclesOfTheBackgroundsColourAreLeftOut) {

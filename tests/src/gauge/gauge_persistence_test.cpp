@@ -113,6 +113,55 @@ TEST(GaugePersistence, LoadingClampsAndNormalisesNothing) {
     EXPECT_EQ(desk.gauge.TickWidth(), -1);
 }
 
+TEST(GaugePersistence, LoadingStopsAtTheFirstKeyInItsOrderThatCannotBeRead) {
+    // Each key with the one that is read next.
+    const std::pair<const char*, const char*> neighbours[] = {
+        {"Max", "Min"},
+        {"Min", "Value"},
+        {"Value", "StartColor"},
+        {"TickColor", "Span"},
+        {"TickWidth", "XCenter"},
+        {"XCenter", "YCenter"},
+        {"YCenter", "Radius"},
+        {"Radius", "TextOffsetX"},
+        {"TextShadowYOffset", "TickStyle"},
+        {"TickStyle", "TickPosition"},
+    };
+    const auto of = [](const bkCProg& g, std::string_view key) -> Long {
+        if (key == "Max") return g.Max();
+        if (key == "Min") return g.Min();
+        if (key == "Value") return g.Value();
+        if (key == "StartColor") return g.StartColor();
+        if (key == "TickColor") return g.TickColor();
+        if (key == "Span") return g.Span();
+        if (key == "TickWidth") return g.TickWidth();
+        if (key == "XCenter") return g.XCenter() * 15;
+        if (key == "YCenter") return g.YCenter() * 15;
+        if (key == "Radius") return g.Radius() * 15;
+        if (key == "TextOffsetX") return g.TextOffsetX() * 15;
+        if (key == "TextShadowYOffset") return Long(g.TextShadowYOffset()) * 15;
+        if (key == "TickStyle") return g.TickStyle();
+        return g.TickPosition();
+    };
+    for (const auto& [before, behind] : neighbours) {
+        PropertyBag bag;
+        bag.Put(before, Long(270));
+        bag.Put(behind, StdFont());
+        GaugeDesk desk;
+        const Long untouched = of(desk.gauge, behind);
+        EXPECT_ERROR(kTypeMismatch, desk.gauge.ReadProperties(bag));
+        EXPECT_EQ(of(desk.gauge, before), 270) << before;
+        EXPECT_EQ(of(desk.gauge, behind), untouched) << behind;
+
+        PropertyBag reversed;
+        reversed.Put(before, StdFont());
+        reversed.Put(behind, Long(270));
+        GaugeDesk other;
+        EXPECT_ERROR(kTypeMismatch, other.gauge.ReadProperties(reversed));
+        EXPECT_EQ(of(other.gauge, behind), untouched) << behind << " is read behind " << before;
+    }
+}
+
 TEST(GaugePersistence, LoadingDrawsOnceAndTellsOnlyTheKeyOfItsLastStep) {
     GaugeDesk desk;
     EXPECT_EQ(desk.RepaintsOf([&] { desk.gauge.ReadProperties({}); }), 1);
