@@ -11,12 +11,6 @@
 namespace corvane::simulated {
 namespace {
 
-void MoveFocus(ShownWindow& window, const std::string& control) {
-    const std::string before = std::exchange(window.focus, control);
-    const auto list = window.list_views.find(before);
-    if (list != window.list_views.end() && before != control) list->second.events.LostFocus();
-}
-
 /// The control that a person meets first; empty if nothing takes the focus.
 std::string FirstInTabOrder(const ShownWindow& window) {
     const ControlDescription* first = nullptr;
@@ -36,7 +30,7 @@ public:
 
     void SetFocus() override {
         record_.Call("SetFocus", name_);
-        MoveFocus(*window_, name_);
+        window_->MoveFocus(name_);
     }
 
 protected:
@@ -168,13 +162,6 @@ public:
 ComputedPlace Computed(const TwipsRect& place) {
     return {static_cast<float>(place.left), static_cast<float>(place.top),
             static_cast<float>(place.width), static_cast<float>(place.height)};
-}
-
-WindowSize WithFrame(int client_width, int client_height) {
-    constexpr int kFrame = 60;
-    constexpr int kTitleBar = 285;
-    return {client_width, client_height, client_width + 2 * kFrame,
-            client_height + 2 * kFrame + kTitleBar};
 }
 
 class CellWindow final : public IWindowPeer {
@@ -323,6 +310,19 @@ private:
 CellWindows::CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi)
     : record_(record), queue_(queue), gdi_(gdi) {}
 
+void ShownWindow::MoveFocus(const std::string& control) {
+    const std::string before = std::exchange(focus, control);
+    const auto list = list_views.find(before);
+    if (list != list_views.end() && before != control) list->second.events.LostFocus();
+}
+
+WindowSize CellWindows::WithFrame(int client_width, int client_height) {
+    constexpr int kFrame = 60;
+    constexpr int kTitleBar = 285;
+    return {client_width, client_height, client_width + 2 * kFrame,
+            client_height + 2 * kFrame + kTitleBar};
+}
+
 std::unique_ptr<IWindowPeer> CellWindows::CreateWindow(const WindowDescription& description,
                                                        WindowPeerEvents events) {
     auto window = std::make_shared<ShownWindow>();
@@ -337,115 +337,6 @@ std::unique_ptr<IWindowPeer> CellWindows::CreateWindow(const WindowDescription& 
 
 const ShownWindow& CellWindows::Window(const std::string& window) const {
     return *windows_.at(window);
-}
-
-void CellWindows::Type(const std::string& window, const std::string& control,
-                       const std::string& text) {
-    Retype(window, control, windows_.at(window)->texts.at(control).text + text);
-}
-
-void CellWindows::Retype(const std::string& window, const std::string& control,
-                         const std::string& text) {
-    ShownText& shown = windows_.at(window)->texts.at(control);
-    shown.text = text;
-    shown.start = Len(shown.text).rep();
-    shown.length = 0;
-    shown.events.Edited(shown.text, shown.start, shown.length);
-}
-
-void CellWindows::DoubleClick(const std::string& window, const std::string& list,
-                              const std::string& item) {
-    ShownList& shown = windows_.at(window)->lists.at(list);
-    const auto found = std::ranges::find(shown.items, item);
-    if (found == shown.items.end()) throw std::logic_error("no item " + item + " in " + list);
-    shown.selected = static_cast<std::int32_t>(found - shown.items.begin());
-    shown.events.Selected(shown.selected);
-    shown.events.DblClick();
-}
-
-void CellWindows::DoubleClickBelow(const std::string& window, const std::string& list) {
-    windows_.at(window)->lists.at(list).events.DblClick();
-}
-
-void CellWindows::Erase(const std::string& window, const std::string& control) {
-    ShownText& shown = windows_.at(window)->texts.at(control);
-    shown = {{}, 0, 0, shown.events};
-    shown.events.Edited({}, 0, 0);
-}
-
-void CellWindows::Click(const std::string& window, const std::string& button) {
-    const auto shown = windows_.at(window);
-    if (!shown->buttons.at(button).enabled) return;
-    Focus(window, button);
-    shown->buttons.at(button).events.Click();
-}
-
-void CellWindows::PressEnter(const std::string& window) {
-    const auto shown = windows_.at(window);
-    for (const auto& [name, button] : shown->buttons)
-        if (button.is_default && button.enabled) return button.events.Click();
-}
-
-void CellWindows::Check(const std::string& window, const std::string& check_box, bool checked) {
-    const auto shown = windows_.at(window);
-    Focus(window, check_box);
-    shown->check_boxes.at(check_box).checked = checked;
-    shown->check_boxes.at(check_box).events.Click(checked);
-}
-
-void CellWindows::ClickRow(const std::string& window, const std::string& list, std::int32_t row) {
-    const auto shown = windows_.at(window);
-    Focus(window, list);
-    if (row != kNoRow) shown->list_views.at(list).selected = row;
-    shown->list_views.at(list).events.Click(row);
-}
-
-void CellWindows::DoubleClickRow(const std::string& window, const std::string& list,
-                                 std::int32_t row) {
-    const auto shown = windows_.at(window);
-    ClickRow(window, list, row);
-    // The second press marks the row again, wherever the first one has led.
-    if (row != kNoRow) shown->list_views.at(list).selected = row;
-    shown->list_views.at(list).events.DblClick(row);
-}
-
-void CellWindows::MoveToRow(const std::string& window, const std::string& list, std::int32_t row) {
-    const auto shown = windows_.at(window);
-    Focus(window, list);
-    shown->list_views.at(list).selected = row;
-    shown->list_views.at(list).events.Select(row);
-}
-
-void CellWindows::Focus(const std::string& window, const std::string& control) {
-    MoveFocus(*windows_.at(window), control);
-}
-
-void CellWindows::Choose(const std::string& window, const std::string& calendar,
-                         const CalendarDate& date) {
-    const auto shown = windows_.at(window);
-    shown->calendars.at(calendar).date = date;
-    shown->calendars.at(calendar).events.Chosen(date);
-}
-
-void CellWindows::Resize(const std::string& window, int client_width, int client_height) {
-    const auto shown = windows_.at(window);
-    shown->size = WithFrame(client_width, client_height);
-    shown->events.Resized(shown->size);
-}
-
-void CellWindows::StrikeOn(const std::string& window, const std::string& button,
-                           std::int16_t code) {
-    ShownWindow& shown = *windows_.at(window);
-    shown.focus = button;
-    shown.buttons.at(button).events.KeyDown(code, 0);
-}
-
-void CellWindows::ClickMenu(const std::string& window, const std::string& menu) {
-    windows_.at(window)->menu_clicks.at(menu)();
-}
-
-void CellWindows::CloseByFrame(const std::string& window) {
-    windows_.at(window)->events.CloseRequested();
 }
 
 }  // namespace corvane::simulated

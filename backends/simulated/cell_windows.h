@@ -63,6 +63,8 @@ struct ShownWindow {
     template <class Shown>
     using ByName = std::map<std::string, Shown, std::less<>>;
 
+    void MoveFocus(const std::string& control);
+
     bool visible = false;
     bool modal = false;
     WindowDescription description;
@@ -138,6 +140,8 @@ public:
     void CloseByFrame(const std::string& window);
 
 private:
+    static WindowSize WithFrame(int client_width, int client_height);
+
     CallRecord& record_;
     VirtualQueue& queue_;
     SimulatedGdi& gdi_;
