@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/error.h"
+#include "support/generated_sound.h"
 #include "support/memory.h"
 #include "support/room.h"
 #include "support/temporary_file.h"
@@ -170,6 +171,34 @@ TEST_F(Dictating, BegunBehindTheCutOfALongTalkItWritesTheRest) {
     EXPECT_GT(pad.positions[0], 32000 * 9);
     EXPECT_TRUE(Says(pad.recognised[0], "to the station", 1.0));
     EXPECT_EQ(pad.recognised[0]->PhraseInfo()->Rule()->Name(), "");
+}
+
+TEST_F(Dictating, ContextThatComesDuringALongTalkLosesNothingOfIt) {
+    const Listening pad(*room.engine, time_file.Path());
+    StartDictation(*pad.grammar);
+    const Sound talk = Say(kTalk, "rms");
+    const std::ptrdiff_t most = std::ptrdiff_t{13} * 16000;
+    room.microphone.Hear({talk.begin(), talk.begin() + most});
+    for (int i = 0; i < 50; ++i) room.microphone.WaitUntilRead();
+    const Listening calendar(*room.engine, months_file.Path());
+    room.HearToTheEnd({talk.begin() + most, talk.end()});
+    EXPECT_TRUE(calendar.recognised.empty());
+    std::string written;
+    for (const auto& result : pad.recognised)
+        written += (written.empty() ? "" : " ") + result->PhraseInfo()->GetText(0, -1, true);
+    EXPECT_TRUE(HasWordsOf(kTalk, written, 0.7));
+    EXPECT_TRUE(HasWordsOf("to the station", written, 1.0));
+    EXPECT_FALSE(HasTwice("station", written)) << written;
+}
+
+TEST_F(Dictating, HumThatIsSwitchedOnIsNotWritten) {
+    using std::chrono_literals::operator""s;
+    testing::GeneratedSound make;
+    const Listening pad(*room.engine, time_file.Path());
+    StartDictation(*pad.grammar);
+    room.HearToTheEnd(testing::Joined(
+        make.Noise(2s, 20.0), testing::Mixed(make.Noise(11s, 20.0), make.Hum(11s, 500.0, 100.0))));
+    EXPECT_TRUE(pad.recognised.empty());
 }
 
 TEST_F(Dictating, OfTwoThatDictateTheNewerContextIsTold) {
