@@ -105,7 +105,9 @@ Endpointer::Event Endpointer::Speech(double level) {
 }
 
 Endpointer::Event Endpointer::Finish() {
-    return state_ == State::speech ? Fall(position_) : Event::none;
+    if (state_ != State::speech) return Event::none;
+    if (cut_) begin_ = end_;
+    return Fall(position_);
 }
 
 Endpointer::Event Endpointer::Fall(std::int64_t end) {
@@ -113,10 +115,14 @@ Endpointer::Event Endpointer::Fall(std::int64_t end) {
     loud_.reset();
     voiced_.reset();
     cut_ = false;
-    end_ = std::min(end, position_);
-    earliest_begin_ = last_loud_;
-    // Nothing is left when what had begun turned out to be the room.
-    return last_loud_ <= rise_ ? Event::speech_denied : Event::speech_ended;
+    end_ = std::clamp(end, begin_, position_);
+    // What comes next may begin in the stillness of this, but not before it: the listener has
+    // thrown that away.
+    earliest_begin_ = std::max(last_loud_, begin_);
+    // Nothing is left when what had begun turned out to be the room, or when what follows a cut is
+    // only the pause in which it was made.
+    const bool nothing = last_loud_ <= rise_ || last_loud_ <= begin_ || end_ <= begin_;
+    return nothing ? Event::speech_denied : Event::speech_ended;
 }
 
 Endpointer::Event Endpointer::Cut() {

@@ -41,6 +41,25 @@ protected:
         return Hear(Mixed(make.Noise(milliseconds(sound.size() / 16), room), sound));
     }
 
+    /// No utterance reaches back to what the listener may have thrown away, nor ends before it
+    /// begins.
+    void ExpectNoBeginBeforeTheEarliest(const Sound& sound) {
+        std::int64_t earliest = 0;
+        for (std::span<const std::int16_t> rest = sound; rest.size() >= Endpointer::kFrameSamples;
+             rest = rest.subspan(Endpointer::kFrameSamples)) {
+            const Event event = endpointer.Push(rest.first(Endpointer::kFrameSamples));
+            if (event != Event::none) {
+                EXPECT_GE(endpointer.Begin(), earliest);
+            }
+            if (event == Event::speech_ended) {
+                EXPECT_GT(endpointer.End(), endpointer.Begin());
+                EXPECT_GT(endpointer.LastLoud(), endpointer.Begin());
+            }
+            EXPECT_GE(endpointer.EarliestBegin(), earliest);
+            earliest = endpointer.EarliestBegin();
+        }
+    }
+
     testing::GeneratedSound make;
     Endpointer endpointer;
     static constexpr double kRoom = 20.0;
@@ -257,19 +276,37 @@ TEST_F(EndpointerTest, UtterancesDoNotOverlap) {
 }
 
 TEST_F(EndpointerTest, NothingOfAnUtteranceLiesBeforeItsEarliestBegin) {
-    std::int64_t earliest = 0;
-    const Sound sound = Joined(
+    ExpectNoBeginBeforeTheEarliest(Joined(
         make.Noise(1s, kRoom),
-        Joined(make.Typing(3s, 1500.0), Joined(make.Voice(15s, kVoice), make.Noise(1s, kRoom))));
-    for (std::span<const std::int16_t> rest = sound; rest.size() >= Endpointer::kFrameSamples;
-         rest = rest.subspan(Endpointer::kFrameSamples)) {
-        const Event event = endpointer.Push(rest.first(Endpointer::kFrameSamples));
-        if (event != Event::none) {
-            EXPECT_GE(endpointer.Begin(), earliest);
-        }
-        EXPECT_GE(endpointer.EarliestBegin(), earliest);
-        earliest = endpointer.EarliestBegin();
+        Joined(make.Typing(3s, 1500.0), Joined(make.Voice(15s, kVoice), make.Noise(1s, kRoom)))));
+}
+
+TEST_F(EndpointerTest, SpeechThatGoesOnBehindAPauseAtTheCutBeginsBehindTheCut) {
+    for (auto pause_from = 11300ms; pause_from < 12000ms; pause_from += 20ms) {
+        SCOPED_TRACE(pause_from.count());
+        endpointer = {};
+        ExpectNoBeginBeforeTheEarliest(
+            Joined(Joined(make.Noise(1s, kRoom), make.Voice(pause_from, kVoice)),
+                   Joined(make.Noise(330ms, kRoom),
+                          Joined(make.Voice(1s, kVoice), make.Noise(1s, kRoom)))));
     }
+}
+
+TEST_F(EndpointerTest, StreamThatEndsAtACutTellsNothingTwice) {
+    HearRoom(1s);
+    const Sound voice = make.Voice(13s, kVoice);
+    std::span<const std::int16_t> rest = voice;
+    Event event = Event::none;
+    while (event != Event::speech_ended && rest.size() >= Endpointer::kFrameSamples) {
+        event = endpointer.Push(rest.first(Endpointer::kFrameSamples));
+        rest = rest.subspan(Endpointer::kFrameSamples);
+    }
+    ASSERT_EQ(event, Event::speech_ended);
+    const std::int64_t cut = endpointer.End();
+    EXPECT_EQ(endpointer.Finish(), Event::speech_ended);
+    EXPECT_EQ(endpointer.Begin(), cut);
+    EXPECT_EQ(endpointer.End(), endpointer.Position());
+    EXPECT_FALSE(endpointer.InSpeech());
 }
 
 TEST_F(EndpointerTest, EndlessSpeechIsCutAtAPause) {

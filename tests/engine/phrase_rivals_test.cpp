@@ -167,6 +167,36 @@ TEST_F(PhraseRivalsTest, AnOptionalWordMoreOrLessIsNoRival) {
     EXPECT_EQ(margins.rule, RivalMargins::kNone);
 }
 
+TEST_F(PhraseRivalsTest, RulesThatShareTheirFirstAndLastWordsAreRivalsByWhatLiesBetween) {
+    const int run = NewWord("run", 0, "R AH N");
+    const int no = NewWord("no", 0, "N OW");
+    const int please = NewWord("please", 0, "P L IY Z");
+    const int mow = NewWord("mow", 1, "N OW");
+    const int cat = NewWord("cat", 2, "K AE T");
+    const int shared_run = NewWord("run", 0, "R AH N");
+    const int shared_please = NewWord("please", 0, "P L IY Z");
+    for (const int word : {shared_run, shared_please})
+        graph_.words[static_cast<std::size_t>(word)].shared = true;
+    graph_.first_words = {0, 3, 4, 5};
+    const int begun = NewState();
+    const int named = NewState();
+    Connect(WordGraph::kStart, begun, shared_run);
+    Connect(begun, named, no);
+    Connect(begun, named, cat);
+    Connect(named, WordGraph::kFinal, shared_please);
+
+    std::vector<int> heard{shared_run, no, shared_please};
+    graph_.Attribute(heard);
+    ASSERT_EQ(heard, (std::vector<int>{run, no, please}));
+    Say("R AH N N OW P L IY Z");
+    const RivalMargins apart = MarginsOf(heard);
+    EXPECT_GT(apart.rule, 300.0);
+    EXPECT_EQ(apart.words, RivalMargins::kNone);
+
+    Connect(begun, named, mow);
+    EXPECT_EQ(MarginsOf(heard).rule, 0.0);
+}
+
 TEST_F(PhraseRivalsTest, WordsThatTheGraphDoesNotAllowHaveNoMargins) {
     const int no = AddRule("no", 0, "N OW");
     Say("N OW");
