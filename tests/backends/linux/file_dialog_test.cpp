@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
+#include <QMimeDatabase>
 #include <QTest>
 #include <QTimer>
 #include <cstdlib>
@@ -25,7 +27,7 @@ const FileDialogRequest kProgram{.title = "Open exe file path",
 class FileDialogTest : public testing::Test {
 protected:
     FileDialogTest() {
-        // Applications as this test has installed them, and no others.
+        // Applications as this test has installed them, and no others; no MIME types either.
         ::setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
         ::setenv("XDG_DATA_DIRS", (folder / "none").c_str(), 1);
         editor = folder.Put("data/applications/org.editor.desktop",
@@ -45,6 +47,36 @@ protected:
         auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
         name->setText(QString::fromStdString(file));
         QTest::keyClick(name, Qt::Key_Return);
+    }
+    /// Whether a person sees that file beside a program.
+    bool Shows(const QString& filter, const std::string& file) {
+        folder.PutProgram(std::filesystem::path(file).parent_path().filename() / "marker");
+        bool shown = false;
+        Ask([&](QFileDialog& dialog) {
+            const QFileInfo info(QString::fromStdString(file));
+            dialog.selectNameFilter(filter);
+            emit dialog.filterSelected(filter);
+            dialog.setDirectory(info.path());
+            const auto* view = dialog.findChild<QListView*>("listView");
+            const auto in_view = [&](const QString& name) {
+                const auto* model = view->model();
+                for (int row = 0; row < model->rowCount(view->rootIndex()); ++row)
+                    if (model->index(row, 0, view->rootIndex()).data() == name) return true;
+                return false;
+            };
+            // The folder is read on a thread of its own, all of it before the first file is shown.
+            EXPECT_TRUE(QTest::qWaitFor([&] { return in_view("marker"); }, 10'000));
+            shown = in_view(info.fileName());
+        });
+        return shown;
+    }
+    /// Qt looks for MIME types again only when some seconds have gone by.
+    static void AwaitAbsenceOfMimeTypes(const std::string& file) {
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] {
+                return !QMimeDatabase().mimeTypeForFile(QString::fromStdString(file)).isValid();
+            },
+            20'000));
     }
     TemporaryFolder folder;
     std::string editor;
@@ -83,6 +115,21 @@ TEST_F(FileDialogTest, BeginsWithTheExecutableFilesUnderItsTitle) {
         EXPECT_EQ(dialog.selectedNameFilter(), "Executable Files");
         EXPECT_EQ(dialog.nameFilters(), (QStringList{"All Files (*)", "Executable Files (*)"}));
     });
+}
+
+TEST_F(FileDialogTest, ExecutableFilesAreThoseThatCanBeStarted) {
+    EXPECT_TRUE(Shows("Executable Files (*)", folder.PutProgram("a/program")));
+    EXPECT_TRUE(Shows("Executable Files (*)", folder.Put("b/windows.exe")));
+    EXPECT_TRUE(Shows("Executable Files (*)", folder.Put("c/entry.desktop")));
+    EXPECT_FALSE(Shows("Executable Files (*)", folder.Put("d/letter.txt")));
+    EXPECT_TRUE(Shows("All Files (*)", folder.Put("e/letter.txt")));
+}
+
+TEST_F(FileDialogTest, FilesAreShownWhereNoMimeTypesAreInstalled) {
+    const std::string program = folder.PutProgram("a/program");
+    AwaitAbsenceOfMimeTypes(program);
+    EXPECT_TRUE(Shows("Executable Files (*)", program));
+    EXPECT_TRUE(Shows("All Files (*)", folder.Put("b/letter")));
 }
 
 TEST_F(FileDialogTest, FolderMustExist) {
