@@ -56,7 +56,6 @@ void Form3::Form_Load() {
 void Form3::init_calendar_rec(const std::string& myxfile) {
     ResumeNext step;
     Nullable<ISpeechGrammarRule> rule;
-    Long Id;
     step([&] {
         RC2 = speech_.CreateSpSharedRecoContext();
         SpeechRecoContextEvents events;
@@ -73,9 +72,9 @@ void Form3::init_calendar_rec(const std::string& myxfile) {
         const Long count = GrammarRules2->Count();
         for (Long i = 0; i < count; i += 1) step([&] { rule = GrammarRules2->Item(i.rep()); });
     });
-    // No rule bears an Id, and Id 0 activates every rule marked active.
-    step([&] { Id = rule->Id(); });
-    step([&] { Grammar2->CmdSetRuleIdState(Id.rep(), SGDSActive); });
+    // No rule bears an Id, and Id 0 activates every rule marked active. Without a rule nothing is
+    // asked for.
+    step([&] { Grammar2->CmdSetRuleIdState(rule->Id(), SGDSActive); });
     step([&] { RC2->SetEventInterests(kInterests); });
     // There is no voice yet, so this fails each time, deliberately: voice2 never speaks and keeps
     // no interests.

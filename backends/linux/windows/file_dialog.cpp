@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileSystemModel>
 #include <QLocale>
 #include <QMessageBox>
@@ -69,6 +70,16 @@ private:
     bool programs_only_ = false;
 };
 
+/// Gives every file a kind. Qt's model of a folder never shows a file whose kind has no name, and
+/// where no MIME types are installed that is every file.
+class FileKinds final : public QFileIconProvider {
+public:
+    [[nodiscard]] QString type(const QFileInfo& file) const override {
+        const QString kind = QFileIconProvider::type(file);
+        return kind.isEmpty() ? QFileDialog::tr("File") : kind;
+    }
+};
+
 /// A folder of links, one for each installed application, under the name that people know it by.
 class ApplicationsFolder {
 public:
@@ -106,7 +117,8 @@ private:
 
 class FileDialog final : public QFileDialog {
 public:
-    FileDialog(const FileDialogRequest& request, QWidget* holder)
+    /// `kinds` outlives the dialog.
+    FileDialog(const FileDialogRequest& request, FileKinds& kinds, QWidget* holder)
         : QFileDialog(holder, Words(request.title)),
           filters_(FiltersOf(request.filter)),
           path_must_exist_((request.flags & kPathMustExist) != 0) {
@@ -116,6 +128,7 @@ public:
         setOption(DontResolveSymlinks);
         setAcceptMode(AcceptOpen);
         setFileMode((request.flags & kFileMustExist) != 0 ? ExistingFile : AnyFile);
+        setIconProvider(&kinds);
         setProxyModel(&program_filter_);
         QStringList captions;
         for (const FileFilter& filter : filters_) captions.push_back(filter.with_pattern);
@@ -166,7 +179,8 @@ QList<QUrl> Places(const QString& first) {
 }  // namespace
 
 std::optional<std::string> ChooseFile(const FileDialogRequest& request, QWidget* holder) {
-    FileDialog dialog(request, holder);
+    FileKinds kinds;
+    FileDialog dialog(request, kinds, holder);
     std::optional<ApplicationsFolder> applications;
     if (dialog.AsksForPrograms()) {
         applications.emplace();

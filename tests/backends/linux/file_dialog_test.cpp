@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
+#include <QMimeDatabase>
 #include <QTest>
 #include <QTimer>
 #include <cstdlib>
@@ -25,7 +27,7 @@ const FileDialogRequest kProgram{.title = "Open exe file path",
 class FileDialogTest : public testing::Test {
 protected:
     FileDialogTest() {
-        // Applications as this test has installed them, and no others.
+        // Applications as this test has installed them, and no others; no MIME types either.
         ::setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
         ::setenv("XDG_DATA_DIRS", (folder / "none").c_str(), 1);
         editor = folder.Put("data/applications/org.editor.desktop",
@@ -45,6 +47,36 @@ protected:
         auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
         name->setText(QString::fromStdString(file));
         QTest::keyClick(name, Qt::Key_Return);
+    }
+    static bool InView(const QFileDialog& dialog, const QString& name) {
+        const auto* view = dialog.findChild<QListView*>("listView");
+        const auto* model = view->model();
+        for (int row = 0; row < model->rowCount(view->rootIndex()); ++row)
+            if (model->index(row, 0, view->rootIndex()).data() == name) return true;
+        return false;
+    }
+    /// Whether a person sees that file beside a program.
+    bool Shows(const QString& filter, const std::string& file) {
+        folder.PutProgram(std::filesystem::path(file).parent_path().filename() / "marker");
+        bool shown = false;
+        Ask([&](QFileDialog& dialog) {
+            const QFileInfo info(QString::fromStdString(file));
+            dialog.selectNameFilter(filter);
+            emit dialog.filterSelected(filter);
+            dialog.setDirectory(info.path());
+            // The folder is read on a thread of its own, all of it before the first file is shown.
+            EXPECT_TRUE(QTest::qWaitFor([&] { return InView(dialog, "marker"); }, 10'000));
+            shown = InView(dialog, info.fileName());
+        });
+        return shown;
+    }
+    /// Qt looks for MIME types again only when some seconds have gone by.
+    static void AwaitAbsenceOfMimeTypes(const std::string& file) {
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] {
+                return !QMimeDatabase().mimeTypeForFile(QString::fromStdString(file)).isValid();
+            },
+            20'000));
     }
     TemporaryFolder folder;
     std::string editor;
@@ -82,6 +114,26 @@ TEST_F(FileDialogTest, BeginsWithTheExecutableFilesUnderItsTitle) {
         EXPECT_EQ(dialog.windowTitle(), "Open exe file path");
         EXPECT_EQ(dialog.selectedNameFilter(), "Executable Files");
         EXPECT_EQ(dialog.nameFilters(), (QStringList{"All Files (*)", "Executable Files (*)"}));
+    });
+}
+
+TEST_F(FileDialogTest, ExecutableFilesAreThoseThatCanBeStarted) {
+    EXPECT_TRUE(Shows("Executable Files (*)", folder.PutProgram("a/program")));
+    EXPECT_TRUE(Shows("Executable Files (*)", folder.Put("b/windows.exe")));
+    EXPECT_TRUE(Shows("Executable Files (*)", folder.Put("c/entry.desktop")));
+    EXPECT_FALSE(Shows("Executable Files (*)", folder.Put("d/letter.txt")));
+    EXPECT_TRUE(Shows("All Files (*)", folder.Put("e/letter.txt")));
+}
+
+TEST_F(FileDialogTest, FilesAreShownWhereNoMimeTypesAreInstalled) {
+    const std::string program = folder.PutProgram("a/program");
+    AwaitAbsenceOfMimeTypes(program);
+    Ask([&](QFileDialog& dialog) {
+        dialog.setDirectory(QFileInfo(QString::fromStdString(program)).path());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return InView(dialog, "program"); }, 10'000));
+        // One that comes later is not helped by the sorting of the whole folder.
+        folder.PutProgram("a/later");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return InView(dialog, "later"); }, 10'000));
     });
 }
 

@@ -238,6 +238,19 @@ TEST_F(Form3Test, AMissingOrMalformedGrammarOpensADeafCalendarAndNothingIsReport
     }
 }
 
+TEST_F(Form3Test, AGrammarWithoutARuleIsNotAskedToActivateAny) {
+    desk.desktop.files.Remove(kCalendarXml);
+    desk.Start();
+    desk.Hear("calendar");
+    EXPECT_EQ(desk.Transcript(),
+              "voice.EventInterests 512\n"  // the main window's, for the command
+              "CreateSpSharedRecoContext\n"
+              "CmdLoadFromFile /opt/corvane/calendar.xml 1\n"
+              "rc.EventInterests 66608\n"
+              "CreateSpVoice\n"
+              "Show Form3\n");
+}
+
 TEST_F(Form3Test, AnEmptyNameOfTheGrammarHasTheSameOutcome) {
     simulated::SimulatedDesktop& desktop = desk.desktop;
     MessageLoop loop(desktop.queue, desktop.runtime);
