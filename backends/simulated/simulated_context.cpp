@@ -69,7 +69,7 @@ public:
 
     void CmdSetRuleIdState(std::int32_t RuleId, std::int32_t State) override {
         record_.Call("CmdSetRuleIdState", std::to_string(RuleId) + " " + std::to_string(State));
-        bool found = false;
+        bool found = RuleId == 0 && (State == SGDSInactive || !loaded_->rules.empty());
         for (const SpokenRule& rule : loaded_->rules) {
             if (RuleId == 0 ? !rule.top_level : rule.id != RuleId) continue;
             found = true;

@@ -69,7 +69,7 @@ std::shared_ptr<ISpeechGrammarRules> RecoGrammar::Rules() const {
 
 void RecoGrammar::CmdSetRuleIdState(std::int32_t RuleId, std::int32_t State) {
     CheckState(State);
-    bool found = RuleId == 0 && !grammar_.rules.empty();
+    bool found = RuleId == 0 && (State == SGDSInactive || !grammar_.rules.empty());
     for (std::size_t i = 0; i < grammar_.rules.size(); ++i) {
         const GrammarRule& rule = grammar_.rules[i];
         if (RuleId == 0 ? !rule.marked_active : rule.id != RuleId) continue;

@@ -119,7 +119,8 @@ public:
     /// Rules of the loaded grammar; none before a load.
     [[nodiscard]] virtual std::shared_ptr<ISpeechGrammarRules> Rules() const = 0;
     /// RuleId 0 stands for all top-level rules that are marked ACTIVE. Raises when there is no rule
-    /// of that Id, which on a grammar without rules is every Id.
+    /// of that Id, and when rules are to be active where there are none at all; to make none of none
+    /// inactive is no error.
     virtual void CmdSetRuleIdState(std::int32_t RuleId, std::int32_t State) = 0;
 
     /// Loads free dictation, of the topic "", the general one; any other raises. It is not active

@@ -231,6 +231,8 @@ TEST_F(Grammars, FailedLoadRaisesAndLeavesNoRules) {
         EXPECT_THROW(grammar->CmdLoadFromFile(path, SLODynamic), RuntimeError);
         EXPECT_EQ(grammar->Rules()->Count(), 0);
         EXPECT_THROW(grammar->CmdSetRuleIdState(0, SGDSActive), RuntimeError);
+        EXPECT_NO_THROW(grammar->CmdSetRuleIdState(0, SGDSInactive));
+        EXPECT_THROW(grammar->CmdSetRuleIdState(1, SGDSInactive), RuntimeError);
     }
 }
 

@@ -251,6 +251,15 @@ TEST_F(Form3Test, AGrammarWithoutARuleIsNotAskedToActivateAny) {
               "Show Form3\n");
 }
 
+TEST_F(Form3Test, ADeafCalendarIsClosedAndTheProgramRunsOn) {
+    desk.desktop.files.Remove(kCalendarXml);
+    desk.Start();
+    desk.Hear("calendar");
+    CloseWindow();
+    EXPECT_FALSE(Ended());
+    EXPECT_FALSE(Shown().visible);
+}
+
 TEST_F(Form3Test, AnEmptyNameOfTheGrammarHasTheSameOutcome) {
     simulated::SimulatedDesktop& desktop = desk.desktop;
     MessageLoop loop(desktop.queue, desktop.runtime);
