@@ -12,25 +12,25 @@ struct FeatureWeight {
     double weight;
 };
 
-inline constexpr double kCommandBias = 9.1458;
+inline constexpr double kCommandBias = 7.7607;
 inline constexpr std::array<FeatureWeight, 11> kCommandWeights{{
-    {"over_loop", 20.6167},
-    {"mean_rank", -0.3506},
-    {"mean_score", 6.4673},
-    {"short_share", -7.4792},
-    {"worst_quarter", 1.4885},
-    {"mean_fit", -2.8230},
-    {"phones", 0.3875},
-    {"worst_word_rank", -1.4504},
-    {"worst_word", 0.4653},
-    {"worst_phone", 0.0417},
-    {"spread", -4.5253},
+    {"over_loop", 22.8357},
+    {"mean_rank", -0.4795},
+    {"mean_score", 1.4468},
+    {"short_share", -6.0102},
+    {"worst_quarter", 3.1455},
+    {"mean_fit", -4.1196},
+    {"phones", 0.4182},
+    {"worst_word_rank", -0.9891},
+    {"worst_word", 0.9787},
+    {"worst_phone", 0.1197},
+    {"spread", -4.5063},
 }};
 
-inline constexpr double kReadingBias = -5.6629;
+inline constexpr double kReadingBias = -5.0044;
 inline constexpr std::array<FeatureWeight, 2> kReadingWeights{{
-    {"rule_margin", 1.1848},
-    {"choice_margin", 1.6904},
+    {"rule_margin", 1.0676},
+    {"choice_margin", 1.4790},
 }};
 
 }  // namespace corvane::engine
