@@ -16,7 +16,7 @@ namespace corvane::engine {
 namespace {
 
 using std::chrono::steady_clock;
-using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""s;
 
 constexpr std::int32_t kFlags = SVSFlagsAsync + SVSFPurgeBeforeSpeak + SVSFIsXML;
 constexpr std::int32_t kReading = SVEAudioLevel + SVEWordBoundary + SVEEndInputStream;
@@ -247,16 +247,18 @@ TEST_F(TellingVoice, AVeryLongTextIsReturnedFromAtOnceAndCutOffAtOnce) {
     while (text.size() < 1'000'000)
         text += "All work &amp; no <emph>play</emph> makes nobody happy ";
     voice->SetEventInterests(kReading);
+    // It is a day's reading: whoever waited for any of it would be far beyond these bounds, which
+    // leave room for a slow machine.
     const auto begun = steady_clock::now();
     voice->Speak(text, kFlags);
-    EXPECT_LT(steady_clock::now() - begun, 50ms);
-    EXPECT_FALSE(voice->WaitUntilDone(500));
-    messages.Run();
+    EXPECT_LT(steady_clock::now() - begun, 5s);
+    for (int tenths = 0; tenths < 200 && Events().empty(); ++tenths) {
+        EXPECT_FALSE(voice->WaitUntilDone(100));
+        messages.Run();
+    }
     EXPECT_EQ(Events().substr(0, 10), "1 word 0+3");
-    const auto cut = steady_clock::now();
     voice->Speak("", kFlags);
-    EXPECT_TRUE(voice->WaitUntilDone(1000));
-    EXPECT_LT(steady_clock::now() - cut, 200ms);
+    EXPECT_TRUE(voice->WaitUntilDone(10'000));
 }
 
 }  // namespace
