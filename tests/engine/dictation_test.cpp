@@ -156,7 +156,7 @@ TEST_F(Dictating, TalkLongerThanAnUtteranceIsWrittenInPiecesAndNoneIsACommand) {
             EXPECT_GT(pad.positions[i], pad.positions[i - 1]);
         }
     }
-    EXPECT_TRUE(HasWordsOf(kTalk, written, 0.6));
+    EXPECT_TRUE(HasWordsOf(kTalk, written, 0.7));
     EXPECT_TRUE(HasWordsOf("to the station", written, 1.0)) << "its last words";
     EXPECT_FALSE(HasTwice("committee", written)) << written;
 }
@@ -200,7 +200,7 @@ TEST_F(Dictating, ContextThatComesDuringALongTalkLosesNothingOfIt) {
     std::string written;
     for (const auto& result : pad.recognised)
         written += (written.empty() ? "" : " ") + result->PhraseInfo()->GetText(0, -1, true);
-    EXPECT_TRUE(HasWordsOf(kTalk, written, 0.6));
+    EXPECT_TRUE(HasWordsOf(kTalk, written, 0.7));
     EXPECT_TRUE(HasWordsOf("to the station", written, 1.0));
     EXPECT_FALSE(HasTwice("station", written)) << written;
 }
