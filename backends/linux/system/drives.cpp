@@ -49,7 +49,8 @@ std::vector<Drive> DrivesOf(const std::string& mountinfo, const RemovableDevices
 }
 
 std::vector<Drive> PresentDrives() {
-    return DrivesOf(PresentMountTable(), {.floppies = BlockDevices("fd"), .optical = BlockDevices("sr")});
+    return DrivesOf(PresentMountTable(),
+                    {.floppies = BlockDevices("fd"), .optical = BlockDevices("sr")});
 }
 
 }  // namespace corvane::linux_desktop

@@ -154,4 +154,11 @@ void EmptyTrashes(const std::vector<FileDescriptor>& trashes, Emptying& emptying
     for (Contents& contents : all) contents.Empty(emptying);
 }
 
+bool AreEmpty(const std::vector<FileDescriptor>& trashes) {
+    return std::ranges::none_of(trashes, [](const FileDescriptor& trash) {
+        const FileDescriptor files = OpenFolder(trash.number(), "files");
+        return files.open() && !NamesIn(files.number()).empty();
+    });
+}
+
 }  // namespace corvane::linux_desktop

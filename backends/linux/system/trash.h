@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <atomic>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -35,5 +36,8 @@ struct Emptying {
 /// in order wherever this is cut off; what can't be removed stays, with its note. Nothing outside
 /// of the folders is touched.
 void EmptyTrashes(const std::vector<FileDescriptor>& trashes, Emptying& emptying);
+
+/// Whether nothing is left in any of them.
+[[nodiscard]] bool AreEmpty(const std::vector<FileDescriptor>& trashes);
 
 }  // namespace corvane::linux_desktop
