@@ -16,7 +16,9 @@
 #include "linux/shell/automation.h"
 #include "linux/shell/tray.h"
 #include "linux/system/connection.h"
+#include "linux/system/disc_players.h"
 #include "linux/system/kernel32.h"
+#include "linux/system/process_tokens.h"
 #include "linux/windows/qt_toolkit.h"
 #include "linux/windows/user32.h"
 
@@ -64,6 +66,8 @@ struct LinuxPlatform::World {
     User32 user32;
     Kernel32 kernel32{runtime.ExecutableFolder()};
     Connection connection;
+    ProcessTokens tokens;
+    DiscPlayers players;
     SpeechEngine speech;  // last: its thread posts to the messages
 };
 
@@ -85,7 +89,9 @@ Platform LinuxPlatform::Parts() {
             .clipboard = world_->clipboard,
             .gdi32 = world_->windows.Gdi32(),
             .kernel32 = world_->kernel32,
-            .wininet = world_->connection};
+            .wininet = world_->connection,
+            .tokens = world_->tokens,
+            .winmm = world_->players};
 }
 
 }  // namespace corvane

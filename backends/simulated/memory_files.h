@@ -22,6 +22,7 @@ public:
     std::unique_ptr<ITextStream> CreateTextFile(const std::string& path, bool overwrite) override;
     std::int64_t FileLen(const std::string& path) override;
     void DeleteFile(const std::string& path) override;
+    std::vector<DriveObject> Drives() override { return {}; }
 
     /// The bytes of a file; nothing when there is none.
     [[nodiscard]] std::optional<std::string> Bytes(const std::string& path) const;

@@ -4,8 +4,8 @@
 namespace corvane::simulated {
 
 Platform SimulatedDesktop::AsPlatform() {
-    return {runtime, queue,  files,     windows, speech,  automation, registry,
-            tray,    user32, clipboard, gdi,     machine, machine};
+    return {runtime, queue,     files, windows, speech,  automation, registry, tray,
+            user32,  clipboard, gdi,   machine, machine, machine,    machine};
 }
 
 void SimulatedDesktop::Drive(const std::function<void()>& act) {

@@ -19,6 +19,7 @@ public:
     explicit SimulatedTray(CallRecord& record);
 
     bool Shell_NotifyIconA(std::uint32_t dwMessage, const NOTIFYICONDATA& data) override;
+    std::int32_t SHEmptyRecycleBinA(HWND, const std::string&, std::uint32_t) override { return 1; }
 
     [[nodiscard]] const std::vector<NOTIFYICONDATA>& Icons() const { return icons_; }
 
@@ -35,6 +36,16 @@ public:
     bool ReleaseCapture() override;
     std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
                               std::int32_t lParam) override;
+    HWND GetForegroundWindow() override { return 0; }
+    std::int32_t GetWindowTextLengthA(HWND) override { return 0; }
+    std::int32_t GetWindowTextA(HWND, char*, std::int32_t) override { return 0; }
+    bool PostMessageA(HWND, std::uint32_t, std::uint32_t, std::int32_t) override { return false; }
+    std::uint32_t GetWindowThreadProcessId(HWND, std::uint32_t*) override { return 0; }
+    bool AttachThreadInput(std::uint32_t, std::uint32_t, std::int32_t) override { return false; }
+    bool SetForegroundWindow(HWND) override { return false; }
+    bool IsIconic(HWND) override { return false; }
+    bool ShowWindow(HWND, std::int32_t) override { return false; }
+    bool ExitWindowsEx(std::uint32_t, std::uint32_t) override { return false; }
     std::int32_t GetSysColor(std::int32_t index) override;
 
     /// Every system colour is a grey of its own at first.

@@ -15,6 +15,7 @@ namespace corvane::linux_desktop {
 class Tray final : public IShell32 {
 public:
     bool Shell_NotifyIconA(std::uint32_t dwMessage, const NOTIFYICONDATA& data) override;
+    std::int32_t SHEmptyRecycleBinA(HWND, const std::string&, std::uint32_t) override { return 1; }
 
 private:
     using IconKey = std::pair<HWND, std::uint32_t>;  // window, number

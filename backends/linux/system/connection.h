@@ -27,6 +27,8 @@ public:
     Connection();
 
     bool InternetGetConnectedState(std::uint32_t& flags, std::uint32_t reserved) override;
+    bool InternetAutodial(std::uint32_t, HWND) override { return false; }
+    bool InternetAutodialHangup(std::uint32_t) override { return false; }
 
 private:
     void AskNetworkManager();
