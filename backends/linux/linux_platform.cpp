@@ -63,7 +63,7 @@ struct LinuxPlatform::World {
     Automation automation;
     Registry registry{Registry::FileOfPerson()};
     Tray tray;
-    User32 user32;
+    User32 user32{MakeSessionWindows()};
     Kernel32 kernel32{runtime.ExecutableFolder()};
     Connection connection;
     ProcessTokens tokens;
