@@ -4,6 +4,8 @@
 #include <span>
 #include <variant>
 
+#include "linux/session/session_answer.h"
+
 /// Keys typed for the person into whatever has the focus. Each kind of desktop session has its own
 /// way to do it.
 namespace corvane::linux_desktop {
@@ -49,12 +51,6 @@ struct KeyStroke {
     bool shift = false;
     bool alt = false;
     friend bool operator==(const KeyStroke&, const KeyStroke&) = default;
-};
-
-enum class SessionAnswer {
-    Done,
-    Unsupported,  ///< not possible in this session; nothing was done
-    Denied,       ///< the session does not let us; nothing was done
 };
 
 class Keys {

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+#include "linux/session/x11_properties.h"
+
 namespace corvane::linux_desktop {
 namespace {
 
@@ -20,20 +22,6 @@ std::uint8_t TypeOf(const xcb_generic_event_t& event) {
 template <class Event>
 const Event& As(const xcb_generic_event_t& event) {
     return reinterpret_cast<const Event&>(event);
-}
-
-std::string Utf8OfLatin1(const std::string& latin1) {
-    std::string utf8;
-    for (const char c : latin1) {
-        const auto code = static_cast<unsigned char>(c);
-        if (code < 0x80) {
-            utf8 += c;
-        } else {
-            utf8 += static_cast<char>(0xC0U | (code >> 6U));
-            utf8 += static_cast<char>(0x80U | (code & 0x3FU));
-        }
-    }
-    return utf8;
 }
 
 }  // namespace

@@ -9,7 +9,8 @@
 #include <cstdint>
 #include <span>
 #include <utility>
-#include <vector>
+
+#include "linux/session/x11_properties.h"
 
 namespace corvane::linux_desktop {
 namespace {
@@ -23,15 +24,6 @@ constexpr int kRoundTrips = 2;
 // For programs that don't take part. Measured with terminals: most take their keys within a few.
 constexpr milliseconds kWithoutAnswer{40};
 constexpr milliseconds kBetweenEvents{2};  // for our own windows, whose loop must go on
-
-std::vector<std::uint32_t> ReadProperty(const X11Connection& x, xcb_window_t window,
-                                        xcb_atom_t property, xcb_atom_t type) {
-    const auto value = Answer<xcb_get_property_reply>(
-        x, xcb_get_property(x.connection(), 0, window, property, type, 0, 64));
-    if (!value || value->format != 32) return {};
-    const auto* items = static_cast<const std::uint32_t*>(xcb_get_property_value(value.get()));
-    return {items, items + value->value_len};
-}
 
 }  // namespace
 
@@ -74,8 +66,8 @@ X11Ping::Target X11Ping::FindTarget() const {
 }
 
 X11Ping::Target X11Ping::Describe(xcb_window_t window) const {
-    const auto protocols = ReadProperty(x_, window, wm_protocols_, XCB_ATOM_ATOM);
-    const auto process = ReadProperty(x_, window, net_wm_pid_, XCB_ATOM_CARDINAL);
+    const auto protocols = ReadNumbers(x_, window, wm_protocols_, XCB_ATOM_ATOM);
+    const auto process = ReadNumbers(x_, window, net_wm_pid_, XCB_ATOM_CARDINAL);
     return {.window = window,
             .answers = std::ranges::find(protocols, net_wm_ping_) != protocols.end(),
             .ours = !process.empty() && std::cmp_equal(process.front(), ::getpid())};

@@ -1,27 +1,47 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
+
+#include "linux/system/session_end.h"
+#include "linux/windows/desktop_windows.h"
 #include "platform/user32.h"
 
 namespace corvane::linux_desktop {
 
-/// Calls on windows of this program; those of others take no messages.
+/// The window system's calls. A thread is told by its program's process, since no desktop here
+/// knows of threads. Needs a QApplication.
 class User32 final : public IUser32 {
 public:
+    /// `session_end` outlives this; without one the session can't be ended.
+    explicit User32(std::unique_ptr<Windows> session, SessionEnd* session_end = nullptr)
+        : windows_(std::move(session)), session_end_(session_end) {}
+
     bool ReleaseCapture() override;
+    /// To a window of this program; those of others take no messages.
     std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
                               std::int32_t lParam) override;
-    HWND GetForegroundWindow() override { return 0; }
-    std::int32_t GetWindowTextLengthA(HWND) override { return 0; }
-    std::int32_t GetWindowTextA(HWND, char*, std::int32_t) override { return 0; }
-    bool PostMessageA(HWND, std::uint32_t, std::uint32_t, std::int32_t) override { return false; }
-    std::uint32_t GetWindowThreadProcessId(HWND, std::uint32_t*) override { return 0; }
-    bool AttachThreadInput(std::uint32_t, std::uint32_t, std::int32_t) override { return false; }
-    bool SetForegroundWindow(HWND) override { return false; }
-    bool IsIconic(HWND) override { return false; }
-    bool ShowWindow(HWND, std::int32_t) override { return false; }
-    bool ExitWindowsEx(std::uint32_t, std::uint32_t) override { return false; }
+    HWND GetForegroundWindow() override { return windows_.Foreground(); }
+    std::int32_t GetWindowTextLengthA(HWND hWnd) override;
+    std::int32_t GetWindowTextA(HWND hWnd, char* buffer, std::int32_t count) override;
+    bool PostMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
+                      std::int32_t lParam) override;
+    std::uint32_t GetWindowThreadProcessId(HWND hWnd, std::uint32_t* processId) override;
+    /// Nothing: nobody here refuses the front to a program whose input is not joined.
+    bool AttachThreadInput(std::uint32_t, std::uint32_t, std::int32_t) override { return true; }
+    bool SetForegroundWindow(HWND hWnd) override { return windows_.BringToFront(hWnd); }
+    bool IsIconic(HWND hWnd) override;
+    bool ShowWindow(HWND hWnd, std::int32_t nCmdShow) override {
+        return windows_.Show(hWnd, nCmdShow);
+    }
+    bool ExitWindowsEx(std::uint32_t flags, std::uint32_t) override {
+        return session_end_ != nullptr && session_end_->ExitWindowsEx(flags);
+    }
     std::int32_t GetSysColor(std::int32_t index) override;
+
+private:
+    DesktopWindows windows_;
+    SessionEnd* session_end_;
 };
 
 }  // namespace corvane::linux_desktop
