@@ -3,11 +3,12 @@
 
 #include <memory>
 
-#include "linux/system/session_end.h"
 #include "linux/windows/desktop_windows.h"
 #include "platform/user32.h"
 
 namespace corvane::linux_desktop {
+
+class SessionEnd;
 
 /// The window system's calls. A thread is told by its program's process, since no desktop here
 /// knows of threads. Needs a QApplication.
@@ -34,9 +35,7 @@ public:
     bool ShowWindow(HWND hWnd, std::int32_t nCmdShow) override {
         return windows_.Show(hWnd, nCmdShow);
     }
-    bool ExitWindowsEx(std::uint32_t flags, std::uint32_t) override {
-        return session_end_ != nullptr && session_end_->ExitWindowsEx(flags);
-    }
+    bool ExitWindowsEx(std::uint32_t flags, std::uint32_t reserved) override;
     std::int32_t GetSysColor(std::int32_t index) override;
 
 private:
