@@ -85,6 +85,7 @@ bool Connection::InternetAutodialHangup(std::uint32_t /*reserved*/) {
 }
 
 void Connection::WaitForNetworkManager() {
+    ++times_waited_;
     const auto properties = network_.Ask(NetworkManager::kPath, kProperties,
                                          QStringLiteral("GetAll"), {NetworkManager::kName});
     if (properties) TakeProperties(qdbus_cast<QVariantMap>(*properties));
@@ -98,13 +99,15 @@ void Connection::AskNetworkManager() {
         NetworkManager::kName, NetworkManager::kPath, kProperties, QStringLiteral("GetAll"));
     question << NetworkManager::kName;
     question.setAutoStartService(false);
-    Ask<QVariantMap>(bus_, question, owner_, [this](const QDBusPendingReply<QVariantMap>& reply) {
+    const auto take = [this, asked = times_waited_](const QDBusPendingReply<QVariantMap>& reply) {
         asking_ = false;
+        if (asked != times_waited_) return;  // something newer is known by now
         if (reply.isError())
             state_.reset();
         else
             TakeProperties(reply.value());
-    });
+    };
+    Ask<QVariantMap>(bus_, question, owner_, take);
 }
 
 void Connection::TakeProperties(const QVariantMap& properties) {

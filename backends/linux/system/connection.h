@@ -50,6 +50,7 @@ private:
     Dialler dialler_;
     QObject owner_;  // of the answers that are waited for
     bool asking_ = false;
+    int times_waited_ = 0;
     std::optional<NetworkState> state_;  // as far as NetworkManager is there
     bool proxy_ = false;
     int until_proxy_ = 0;  // questions until the proxy is asked for again

@@ -2,6 +2,7 @@
 #include "linux/system/network_manager.h"
 
 #include <QDBusArgument>
+#include <QDBusMetaType>
 #include <QDBusVariant>
 #include <utility>
 
@@ -23,7 +24,9 @@ QString TypeOf(const ConnectionSettings& settings) {
     return type == u"bluetooth" && profile == kBluetoothModem ? kBluetoothModem : type;
 }
 
-NetworkManager::NetworkManager(QDBusConnection bus) : bus_(std::move(bus)) {}
+NetworkManager::NetworkManager(QDBusConnection bus) : bus_(std::move(bus)) {
+    qDBusRegisterMetaType<ConnectionSettings>();
+}
 
 std::optional<QVariant> NetworkManager::Ask(const QString& path, const QString& interface,
                                             const QString& method,

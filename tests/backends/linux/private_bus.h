@@ -1,0 +1,75 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDir>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+
+namespace corvane::linux_desktop {
+
+/// A message bus of the test's own, on which one of the mocks of tests/desktop plays a part of the
+/// machine. Needs a QCoreApplication.
+class PrivateBus {
+public:
+    /// `mock` is the name of its script; without one the bus is empty.
+    explicit PrivateBus(const QString& mock) : script_(QStringLiteral(CORVANE_MOCKS "/") + mock) {
+        const QString address = "unix:path=" + QDir(folder_.path()).filePath("bus");
+        daemon_.start("dbus-daemon", {"--session", "--nofork", "--nopidfile", "--print-address",
+                                      "--address=" + address});
+        Expect(daemon_, "unix:");
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("DBUS_SYSTEM_BUS_ADDRESS", address);
+        environment.insert("DBUS_SESSION_BUS_ADDRESS", address);
+        environment_ = environment;
+        if (!mock.isEmpty()) {
+            serving_.setProcessEnvironment(environment_);
+            serving_.start(script_, {"serve"});
+            Expect(serving_, "ready");
+        }
+        QDBusConnection::connectToBus(address, kName);
+    }
+    ~PrivateBus() {
+        QDBusConnection::disconnectFromBus(kName);
+        End(serving_);
+        End(daemon_);  // and with it whoever is still on the bus
+    }
+    PrivateBus(const PrivateBus&) = delete;
+    PrivateBus& operator=(const PrivateBus&) = delete;
+
+    [[nodiscard]] QDBusConnection connection() const { return QDBusConnection(kName); }
+
+    /// Tells the mock something, and returns what it prints.
+    std::string Tell(const QStringList& words) const {
+        QProcess teller;
+        teller.setProcessEnvironment(environment_);
+        teller.start(script_, words);
+        EXPECT_TRUE(teller.waitForFinished() && teller.exitCode() == 0)
+            << teller.readAllStandardError().toStdString();
+        return teller.readAllStandardOutput().toStdString();
+    }
+
+private:
+    static inline const QString kName = QStringLiteral("private");
+
+    static void Expect(QProcess& process, const char* word) {
+        while (!process.peek(1 << 16).contains(word))
+            ASSERT_TRUE(process.waitForReadyRead()) << process.readAllStandardError().toStdString();
+    }
+    static void End(QProcess& process) {
+        process.terminate();
+        process.waitForFinished();
+    }
+
+    QTemporaryDir folder_;
+    QString script_;
+    QProcessEnvironment environment_;
+    QProcess daemon_;
+    QProcess serving_;
+};
+
+}  // namespace corvane::linux_desktop
