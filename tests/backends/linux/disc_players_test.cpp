@@ -124,14 +124,5 @@ TEST_F(DiscPlayersTest, WithoutWaitTheCallReturnsBeforeTheDoorHasMoved) {
     EXPECT_EQ(machine->calls.back(), "close tray");
 }
 
-TEST(MachineDevicesTest, ADeviceThatIsMissingOrNoDriveFails) {
-    MachineDevices machine(QDBusConnection("no bus"));
-    EXPECT_FALSE(machine.Open("/dev/sr4711", O_RDONLY | O_NONBLOCK).open());
-    const FileDescriptor wrong = machine.Open("/dev/null", O_RDONLY | O_NONBLOCK);
-    ASSERT_TRUE(wrong.open());
-    EXPECT_EQ(machine.Control(wrong.number(), CDROMEJECT, 0), ENOTTY);
-    EXPECT_FALSE(machine.Unmount("/dev/sr0"));
-}
-
 }  // namespace
 }  // namespace corvane::linux_desktop

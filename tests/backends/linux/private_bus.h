@@ -19,16 +19,14 @@ public:
     /// `mock` is the name of its script; without one the bus is empty.
     explicit PrivateBus(const QString& mock) : script_(QStringLiteral(CORVANE_MOCKS "/") + mock) {
         const QString address = "unix:path=" + QDir(folder_.path()).filePath("bus");
-        daemon_.start("dbus-daemon", {"--session", "--nofork", "--nopidfile", "--print-address",
-                                      "--address=" + address});
+        Start(daemon_, {"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address",
+                        "--address=" + address});
         Expect(daemon_, "unix:");
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("DBUS_SYSTEM_BUS_ADDRESS", address);
-        environment.insert("DBUS_SESSION_BUS_ADDRESS", address);
-        environment_ = environment;
+        environment_.insert("DBUS_SYSTEM_BUS_ADDRESS", address);
+        environment_.insert("DBUS_SESSION_BUS_ADDRESS", address);
         if (!mock.isEmpty()) {
             serving_.setProcessEnvironment(environment_);
-            serving_.start(script_, {"serve"});
+            Start(serving_, {script_, "serve"});
             Expect(serving_, "ready");
         }
         QDBusConnection::connectToBus(address, kName);
@@ -56,6 +54,10 @@ public:
 private:
     static inline const QString kName = QStringLiteral("private");
 
+    static void Start(QProcess& process, const QStringList& command) {
+        // However the test ends, they end with it.
+        process.start("setpriv", QStringList{"--pdeathsig", "TERM", "--"} + command);
+    }
     static void Expect(QProcess& process, const char* word) {
         while (!process.peek(1 << 16).contains(word))
             ASSERT_TRUE(process.waitForReadyRead()) << process.readAllStandardError().toStdString();
@@ -67,7 +69,7 @@ private:
 
     QTemporaryDir folder_;
     QString script_;
-    QProcessEnvironment environment_;
+    QProcessEnvironment environment_ = QProcessEnvironment::systemEnvironment();
     QProcess daemon_;
     QProcess serving_;
 };

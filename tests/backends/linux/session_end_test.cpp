@@ -24,7 +24,7 @@ class SessionEndTest : public ::testing::Test {
 protected:
     [[nodiscard]] std::string Calls() const { return bus.Tell({"calls"}); }
 
-    PrivateBus bus{"power_mock.py"};
+    PrivateBus bus{"machine_mock.py"};
     ProcessTokens tokens;
     SessionEnd session_end{bus.connection(), tokens};
 };
