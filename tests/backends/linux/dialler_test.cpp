@@ -126,6 +126,13 @@ TEST_F(DiallerTest, ATelephoneReachedByBluetoothCountsAsAModem) {
     EXPECT_EQ(flags & INTERNET_CONNECTION_LAN, 0U);
 }
 
+TEST_F(DiallerTest, ABusThatDoesNotAnswerIsGivenUp) {
+    Profile("1", "gsm", "yes", "100");
+    bus.Freeze();
+    EXPECT_FALSE(dialler.Dial());
+    EXPECT_FALSE(dialler.HangUp());
+}
+
 TEST(DiallerWithoutNetworkManager, DoesNothing) {
     const PrivateBus bus("");
     EXPECT_FALSE(Dialler(bus.connection()).Dial());

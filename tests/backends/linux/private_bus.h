@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -33,6 +34,7 @@ public:
     }
     ~PrivateBus() {
         QDBusConnection::disconnectFromBus(kName);
+        Signal(SIGCONT);
         End(serving_);
         End(daemon_);  // and with it whoever is still on the bus
     }
@@ -51,9 +53,13 @@ public:
         return teller.readAllStandardOutput().toStdString();
     }
 
+    /// From now on nobody on it gets an answer.
+    void Freeze() { Signal(SIGSTOP); }
+
 private:
     static inline const QString kName = QStringLiteral("private");
 
+    void Signal(int number) { ::kill(static_cast<pid_t>(daemon_.processId()), number); }
     static void Start(QProcess& process, const QStringList& command) {
         // However the test ends, they end with it.
         process.start("setpriv", QStringList{"--pdeathsig", "TERM", "--"} + command);

@@ -59,6 +59,12 @@ TEST_F(SessionEndTest, RefusedItFails) {
     EXPECT_FALSE(session_end.ExitWindowsEx(EWX_SHUTDOWN | EWX_POWEROFF));
 }
 
+TEST_F(SessionEndTest, ABusThatDoesNotAnswerIsGivenUp) {
+    SwitchOn(tokens);
+    bus.Freeze();
+    EXPECT_FALSE(session_end.ExitWindowsEx(EWX_REBOOT));
+}
+
 TEST(SessionEndWithoutLogind, Fails) {
     const PrivateBus bus("");
     ProcessTokens tokens;
