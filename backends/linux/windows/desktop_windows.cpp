@@ -99,7 +99,9 @@ void DesktopWindows::NormalSize(HWND window, QWidget* own) {
 
 std::unique_ptr<Windows> MakeSessionWindows() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr) return std::make_unique<OwnWindows>();
+    // Where nobody sees the windows, Qt may have a connection for other ends.
+    if (x11 == nullptr || QGuiApplication::platformName() != "xcb")
+        return std::make_unique<OwnWindows>();
     return std::make_unique<X11Windows>(x11->connection());
 }
 
