@@ -11,6 +11,7 @@
 #include "platform/controls.h"
 #include "simulated/call_record.h"
 #include "simulated/control_place.h"
+#include "simulated/screen.h"
 #include "simulated/virtual_queue.h"
 
 namespace corvane::simulated {
@@ -59,17 +60,15 @@ struct ShownCalendar {
 };
 
 /// A window as a person sees it. Controls are found by their names.
-struct ShownWindow {
+struct ShownWindow : TopWindow {
     template <class Shown>
     using ByName = std::map<std::string, Shown, std::less<>>;
 
     void MoveFocus(const std::string& control);
 
-    bool visible = false;
     bool modal = false;
     WindowDescription description;
     BorderStyle border = BorderStyle::FixedSingle;
-    HWND handle = 0;
     WindowSize size;
     std::string focus;                         // the control that has it
     std::vector<ControlDescription> controls;  // in order of creation
@@ -91,11 +90,12 @@ struct ShownWindow {
 /// A toolkit of windows in memory, and the hands of the person in front of them. The desktop's
 /// frame around a window is 60 twips wide, its title bar 285 twips high. Operations that can be
 /// told to fail: Show, ShowModal, Hide, SetFocus, SetText, SetSelection, SetPlace, AddRow, SetCell,
-/// RemoveRow, SelectRow, SetDate, AskForFile.
+/// RemoveRow, SelectRow, SetDate, SetCaption, SetPicture, AskForFile.
 class CellWindows final : public IWindowToolkit {
 public:
-    /// `queue` runs while a window is modal; `gdi` draws what draws itself.
-    CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi);
+    /// `queue` runs while a window is modal; `gdi` draws what draws itself; `screen` is shared with
+    /// the windows of other programs.
+    CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi, Screen& screen);
 
     std::unique_ptr<IWindowPeer> CreateWindow(const WindowDescription& description,
                                               WindowPeerEvents events) override;
@@ -145,8 +145,8 @@ private:
     CallRecord& record_;
     VirtualQueue& queue_;
     SimulatedGdi& gdi_;
+    Screen& screen_;
     std::map<std::string, std::shared_ptr<ShownWindow>> windows_;
-    HWND next_handle_ = 4001;
 };
 
 }  // namespace corvane::simulated

@@ -38,7 +38,7 @@ public:
     /// What a person answers to a question; any other message is acknowledged by OK.
     MsgBoxResult AnswerToQuestions = kYes;
 
-    /// What else happens in the desktop's programs when keys reach them.
+    /// Where keys go; on a whole desktop, to the program of the window in front.
     std::function<void(const std::string& keys)> OnSendKeys = [](const std::string&) {};
 
     /// What the clock shows when the virtual time is 0: Tuesday, 20 November 2001, 15:05 at first.

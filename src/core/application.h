@@ -9,9 +9,9 @@
 #include "core/recognition_feedback.h"
 #include "core/startup.h"
 #include "core/text_log.h"
+#include "desktop/desktop_commands.h"
 #include "desktop/keyword_launcher.h"
 #include "desktop/status_monitor.h"
-#include "desktop/system_commands.h"
 #include "grammar/command_grammar.h"
 #include "grammar/data_paths.h"
 #include "grammar/form1.h"
@@ -45,6 +45,7 @@ private:
     [[nodiscard]] std::shared_ptr<Form2> CreateForm2();
     [[nodiscard]] std::shared_ptr<Form3> CreateForm3();
     [[nodiscard]] std::shared_ptr<Form4> CreateForm4();
+    [[nodiscard]] SystemCommands::Answers SpokenAnswers();
     void BindRecogniser();
     void BindVoice();
 
@@ -66,7 +67,7 @@ private:
     HelpPage help_page_;
     TextLog log_;
     KeywordLauncher launcher_;
-    SystemCommands system_;
+    DesktopCommands desktop_;
     StatusMonitor status_monitor_;
     RecognitionDispatch dispatch_;
     RecognitionFeedback feedback_;

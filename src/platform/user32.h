@@ -22,7 +22,7 @@ enum ShowCommand : std::int32_t {
     SW_SHOWMAXIMIZED = 3,  ///< as large as the screen, also where it has no button for that
     SW_SHOW = 5,           ///< at the size and place that it has
     SW_MINIMIZE = 6,       ///< minimised; the next window takes the front
-    SW_RESTORE = 9,        ///< as SW_SHOWNORMAL
+    SW_RESTORE = 9,        ///< from minimised to what it was, from maximised to its normal size
 };
 
 /// What becomes of the session; to be added up.

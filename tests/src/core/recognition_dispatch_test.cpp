@@ -324,8 +324,17 @@ protected:
     }};
     forms::Lazy<Form3> form3{
         [this] { return std::make_shared<Form3>(desktop.windows, loop, desktop.speech); }};
-    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice,    speaker, launcher,
-                                 form2,           tray,  log,        keywords, form1,   form3};
+    DesktopCommands commands{
+        desktop.AsPlatform(),
+        loop,
+        form1,
+        form2,
+        {.SayFreeSpace = [this](const std::string& drive,
+                                Long percent) { speaker.SayFreeSpace(drive, percent); },
+         .SayMemory = [this](Long megabytes) { speaker.SayMemory(megabytes); }}};
+    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice, speaker,
+                                 launcher,        form2, tray,       log,   keywords,
+                                 form1,           form3, commands};
 };
 
 TEST_F(DispatchWithVoice, AnAcceptedCommandEndsTheMarkingOfWords) {
@@ -346,7 +355,8 @@ TEST_F(DispatchWithVoice, WithoutAVoiceEveryAnswerIsPassedOverInSilence) {
     const std::pair<const char*, const char*> kCalls[] = {
         {"the date", ""},
         {"the time", ""},
-        {"you there", ""},
+        {"free space", ""},
+        {"how much ram", ""},
         {"read whiteboard", ""},
         {"read selected", "SendKeys ^c wait\nClipboard.GetText\n"},
         {"read all", "SendKeys ^a wait\nSendKeys ^c wait\nClipboard.GetText\n"},
