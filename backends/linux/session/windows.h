@@ -29,9 +29,10 @@ struct WindowFacts {
 
 class Windows {
 public:
-    /// The longest time that an act waits for its effect. The program whose window it is takes no
+    /// The longest time that an act waits for its effect, which comes within a few milliseconds
+    /// where nobody refuses and the machine is not busy. The program whose window it is takes no
     /// part in that, so one that hangs delays nobody longer than this.
-    static constexpr std::chrono::milliseconds kPatience{250};
+    static constexpr std::chrono::milliseconds kPatience{1000};
 
     virtual ~Windows() = default;
 

@@ -9,6 +9,7 @@
 namespace corvane::linux_desktop {
 namespace {
 
+constexpr std::uint32_t kWithdrawnState = 0;
 constexpr std::uint32_t kIconicState = 3;
 
 }  // namespace
@@ -19,6 +20,8 @@ X11WindowFacts::X11WindowFacts(const X11Connection& x)
       supported_(x.Atom("_NET_SUPPORTED")),
       active_(x.Atom("_NET_ACTIVE_WINDOW")),
       client_list_(x.Atom("_NET_CLIENT_LIST")),
+      current_desktop_(x.Atom("_NET_CURRENT_DESKTOP")),
+      desktop_(x.Atom("_NET_WM_DESKTOP")),
       type_(x.Atom("_NET_WM_WINDOW_TYPE")),
       type_desktop_(x.Atom("_NET_WM_WINDOW_TYPE_DESKTOP")),
       type_dock_(x.Atom("_NET_WM_WINDOW_TYPE_DOCK")),
@@ -41,7 +44,10 @@ bool X11WindowFacts::ManagerIsThere() const {
 WindowId X11WindowFacts::Active() const {
     if (ManagerIsThere()) {
         const auto active = ReadNumbers(x_, x_.root(), active_, XCB_ATOM_WINDOW);
-        if (!active.empty()) return IsPartOfTheDesktop(active.front()) ? 0 : active.front();
+        // Some managers still name the last window when it is hidden or minimised.
+        if (!active.empty())
+            return IsShown(active.front()) && !IsPartOfTheDesktop(active.front()) ? active.front()
+                                                                                  : 0;
     }
     return WholeWindow(KeyboardWindow());
 }
@@ -87,8 +93,21 @@ bool X11WindowFacts::IsMinimised(WindowId window) const {
     return !state.empty() && state.front() == kIconicState;
 }
 
+bool X11WindowFacts::IsShown(WindowId window) const {
+    const auto state = ReadNumbers(x_, window, wm_state_, wm_state_);
+    return !state.empty() && state.front() != kWithdrawnState && !IsMinimised(window);
+}
+
 bool X11WindowFacts::IsMaximised(WindowId window) const {
     return HasAtom(window, state_, maximised_across_) && HasAtom(window, state_, maximised_down_);
+}
+
+std::optional<std::uint32_t> X11WindowFacts::OtherDesktopOf(WindowId window) const {
+    constexpr std::uint32_t kOnAll = 0xFFFFFFFF;
+    const auto current = ReadNumbers(x_, x_.root(), current_desktop_, XCB_ATOM_CARDINAL);
+    const auto its = ReadNumbers(x_, window, desktop_, XCB_ATOM_CARDINAL);
+    if (current.empty() || its.empty() || its == current || its.front() == kOnAll) return {};
+    return its.front();
 }
 
 bool X11WindowFacts::TakesPartIn(WindowId window, xcb_atom_t protocol) const {

@@ -27,10 +27,14 @@ public:
     [[nodiscard]] bool IsThere(WindowId window) const;
     [[nodiscard]] bool IsMinimised(WindowId window) const;
     [[nodiscard]] bool IsMaximised(WindowId window) const;
+    /// The virtual desktop on which it stands, if the person is on another one.
+    [[nodiscard]] std::optional<std::uint32_t> OtherDesktopOf(WindowId window) const;
     /// Whether its program takes part in a protocol such as WM_DELETE_WINDOW.
     [[nodiscard]] bool TakesPartIn(WindowId window, xcb_atom_t protocol) const;
 
 private:
+    /// Whether a window manager has it among its windows, not minimised.
+    [[nodiscard]] bool IsShown(WindowId window) const;
     /// The window to which the keys go; the root or none if there is no such window.
     [[nodiscard]] xcb_window_t KeyboardWindow() const;
     /// The one that its program made as a whole window, of which the given one is a part.
@@ -41,7 +45,8 @@ private:
     [[nodiscard]] std::string Application(WindowId window) const;
 
     const X11Connection& x_;
-    xcb_atom_t check_, supported_, active_, client_list_, type_, type_desktop_, type_dock_;
+    xcb_atom_t check_, supported_, active_, client_list_, current_desktop_, desktop_;
+    xcb_atom_t type_, type_desktop_, type_dock_;
     xcb_atom_t state_, hidden_, maximised_across_, maximised_down_, wm_state_;
     xcb_atom_t name_, utf8_string_, pid_, wm_protocols_;
 };

@@ -23,6 +23,7 @@ X11WindowManager::X11WindowManager(const X11Connection& x, const X11WindowFacts&
       facts_(facts),
       time_(x),
       active_(x.Atom("_NET_ACTIVE_WINDOW")),
+      current_desktop_(x.Atom("_NET_CURRENT_DESKTOP")),
       change_state_(x.Atom("WM_CHANGE_STATE")),
       state_(x.Atom("_NET_WM_STATE")),
       maximised_across_(x.Atom("_NET_WM_STATE_MAXIMIZED_HORZ")),
@@ -30,7 +31,10 @@ X11WindowManager::X11WindowManager(const X11Connection& x, const X11WindowFacts&
       close_(x.Atom("_NET_CLOSE_WINDOW")) {}
 
 SessionAnswer X11WindowManager::Activate(WindowId window) {
-    // It also brings a minimised window back and turns to the virtual desktop of the window.
+    // Not all managers turn to the window's virtual desktop themselves.
+    if (const auto desktop = facts_.OtherDesktopOf(window))
+        Ask(x_.root(), current_desktop_, {*desktop, time_.Now()});
+    // This also brings a minimised window back.
     Ask(window, active_, {kPager, time_.Now()});
     return WaitFor([&] { return facts_.Active() == window && !facts_.IsMinimised(window); });
 }

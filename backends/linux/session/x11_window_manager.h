@@ -33,7 +33,8 @@ private:
     const X11Connection& x_;
     const X11WindowFacts& facts_;
     X11ServerTime time_;
-    xcb_atom_t active_, change_state_, state_, maximised_across_, maximised_down_, close_;
+    xcb_atom_t active_, current_desktop_, change_state_, state_, maximised_across_, maximised_down_,
+        close_;
 };
 
 }  // namespace corvane::linux_desktop

@@ -31,6 +31,12 @@ void Reveal(QWidget& own, std::int32_t command) {
 
 DesktopWindows::DesktopWindows(std::unique_ptr<Windows> session) : session_(std::move(session)) {}
 
+HWND DesktopWindows::Foreground() {
+    const HWND active = session_->Active();
+    // The desktop may hear a moment later that ours was hidden.
+    return IsHidden(FindOwnWindow(active)) ? 0 : active;
+}
+
 std::optional<WindowFacts> DesktopWindows::Describe(HWND window) {
     // The desktop keeps nothing about a hidden window.
     return IsHidden(FindOwnWindow(window)) ? own_.Describe(window) : session_->Describe(window);
@@ -41,11 +47,11 @@ bool DesktopWindows::BringToFront(HWND window) {
 }
 
 bool DesktopWindows::Show(HWND window, std::int32_t command) {
+    const auto before = Describe(window);
+    if (!before) return false;
     QWidget* own = FindOwnWindow(window);
     const bool was_hidden = IsHidden(own);
     if (was_hidden) Reveal(*own, command);
-    const auto facts = session_->Describe(window);
-    if (!facts) return false;
     switch (command) {
         case SW_SHOWMINIMIZED:
         case SW_MINIMIZE:
@@ -53,16 +59,19 @@ bool DesktopWindows::Show(HWND window, std::int32_t command) {
             break;
         case SW_SHOW:
             // Activating it would also bring it back.
-            if (!facts->minimised) session_->Activate(window);
+            if (!before->minimised) session_->Activate(window);
             break;
         case SW_SHOWMAXIMIZED:
             session_->Activate(window);
             Maximise(window, own);
             break;
         case SW_SHOWNORMAL:
-        case SW_RESTORE:
             session_->Activate(window);
             NormalSize(window, own);
+            break;
+        case SW_RESTORE:
+            session_->Activate(window);
+            if (!before->minimised) NormalSize(window, own);
             break;
         default:
             break;
@@ -90,7 +99,9 @@ void DesktopWindows::NormalSize(HWND window, QWidget* own) {
 
 std::unique_ptr<Windows> MakeSessionWindows() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr) return std::make_unique<OwnWindows>();
+    // Where nobody sees the windows, Qt may have a connection for other ends.
+    if (x11 == nullptr || QGuiApplication::platformName() != "xcb")
+        return std::make_unique<OwnWindows>();
     return std::make_unique<X11Windows>(x11->connection());
 }
 

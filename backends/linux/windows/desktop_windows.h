@@ -15,7 +15,7 @@ class DesktopWindows {
 public:
     explicit DesktopWindows(std::unique_ptr<Windows> session);
 
-    [[nodiscard]] HWND Foreground() { return session_->Active(); }
+    [[nodiscard]] HWND Foreground();
     /// Nothing for a window that is not there.
     [[nodiscard]] std::optional<WindowFacts> Describe(HWND window);
     /// Whether it was brought to the front. A hidden one stays hidden.

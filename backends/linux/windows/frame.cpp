@@ -143,9 +143,13 @@ bool Frame::event(QEvent* event) {
 
 void Frame::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() != QEvent::WindowStateChange || isMaximized() || isMinimized()) return;
+    if (event->type() != QEvent::WindowStateChange) return;
     const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
-    if ((before & Qt::WindowMaximized) != 0) HoldSize();
+    // Some desktops forget a minimised window's state when it is hidden; it keeps that all the
+    // same.
+    if (event->spontaneous() && isHidden() && (before & Qt::WindowMinimized) != 0)
+        return setWindowState(before);
+    if ((before & Qt::WindowMaximized) != 0 && !isMaximized() && !isMinimized()) HoldSize();
 }
 
 void Frame::OfferMaximising(bool offer) {
