@@ -60,7 +60,7 @@ fi
 # What only sounds like it, in one voice or another, until one of them is taken for it.
 for attempt in "--voice rms shuttle down" "--voice awb shout it down" "shutter down" \
     "--voice rms shut the town down"; do
-    "$tools/say-into-mic" $attempt  # in words
+    "$tools/say-into-mic" $attempt  # several words, options among them
     ! wait_until 3 thrown_out shutdown || break
 done
 "$tools/say-into-mic" run notepad please
