@@ -2,6 +2,7 @@
 #include "linux/linux_platform.h"
 
 #include <QApplication>
+#include <QDBusConnection>
 #include <utility>
 
 #include "engine/audio/pulse_capture.h"
@@ -14,11 +15,13 @@
 #include "linux/session/x11_keys.h"
 #include "linux/settings/registry.h"
 #include "linux/shell/automation.h"
-#include "linux/shell/tray.h"
+#include "linux/shell/shell32.h"
 #include "linux/system/connection.h"
+#include "linux/system/device_calls.h"
 #include "linux/system/disc_players.h"
 #include "linux/system/kernel32.h"
 #include "linux/system/process_tokens.h"
+#include "linux/system/session_end.h"
 #include "linux/windows/qt_toolkit.h"
 #include "linux/windows/user32.h"
 
@@ -62,12 +65,14 @@ struct LinuxPlatform::World {
     QtToolkit windows{runtime.ExecutableFolder() + "/pictures"};
     Automation automation;
     Registry registry{Registry::FileOfPerson()};
-    Tray tray;
-    User32 user32{MakeSessionWindows()};
-    Kernel32 kernel32{runtime.ExecutableFolder()};
-    Connection connection;
+    Shell32 shell;
+    QDBusConnection system_bus = QDBusConnection::systemBus();
     ProcessTokens tokens;
-    DiscPlayers players;
+    SessionEnd session_end{system_bus, tokens};
+    User32 user32{MakeSessionWindows(), &session_end};
+    Kernel32 kernel32{runtime.ExecutableFolder()};
+    Connection connection{system_bus};
+    DiscPlayers players{std::make_shared<MachineDevices>(system_bus)};
     SpeechEngine speech;  // last: its thread posts to the messages
 };
 
@@ -84,7 +89,7 @@ Platform LinuxPlatform::Parts() {
             .speech = world_->speech,
             .automation = world_->automation,
             .advapi32 = world_->registry,
-            .shell32 = world_->tray,
+            .shell32 = world_->shell,
             .user32 = world_->user32,
             .clipboard = world_->clipboard,
             .gdi32 = world_->windows.Gdi32(),

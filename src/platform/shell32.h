@@ -38,9 +38,11 @@ public:
 
     /// Deletes for good what lies in the person's recycle bin: that of one drive, named by its
     /// letter and ":\\", or with an empty `rootPath` those of all drives. SHERB_NOCONFIRMATION in
-    /// `flags` leaves out the question; progress may be shown, over the window `owner`, and a sound
-    /// played at the end. Returns 0 when something was deleted, and another number when the bin was
-    /// empty, was not all deleted, or there is none. Never raises.
+    /// `flags` leaves out the question. It returns when the work is done; should that take long,
+    /// progress is shown, over the window `owner` if that is seen, the person can cancel, and
+    /// messages run meanwhile. A sound may be played at the end. Returns 0 when something was
+    /// deleted and nothing is left, and another number when the bin was empty, was not all deleted,
+    /// is being emptied already, or there is none. Never raises.
     virtual std::int32_t SHEmptyRecycleBinA(HWND owner, const std::string& rootPath,
                                             std::uint32_t flags) = 0;
 };

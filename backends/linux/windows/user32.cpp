@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "linux/canvas/system_colours.h"
+#include "linux/system/session_end.h"
 
 namespace corvane::linux_desktop {
 
@@ -53,6 +54,10 @@ std::uint32_t User32::GetWindowThreadProcessId(HWND hWnd, std::uint32_t* process
 bool User32::IsIconic(HWND hWnd) {
     const auto facts = windows_.Describe(hWnd);
     return facts && facts->minimised;
+}
+
+bool User32::ExitWindowsEx(std::uint32_t flags, std::uint32_t /*reserved*/) {
+    return session_end_ != nullptr && session_end_->ExitWindowsEx(flags);
 }
 
 std::int32_t User32::GetSysColor(std::int32_t index) {

@@ -8,11 +8,15 @@
 
 namespace corvane::linux_desktop {
 
+class SessionEnd;
+
 /// The window system's calls. A thread is told by its program's process, since no desktop here
 /// knows of threads. Needs a QApplication.
 class User32 final : public IUser32 {
 public:
-    explicit User32(std::unique_ptr<Windows> session) : windows_(std::move(session)) {}
+    /// `session_end` outlives this; without one the session can't be ended.
+    explicit User32(std::unique_ptr<Windows> session, SessionEnd* session_end = nullptr)
+        : windows_(std::move(session)), session_end_(session_end) {}
 
     bool ReleaseCapture() override;
     /// To a window of this program; those of others take no messages.
@@ -31,11 +35,12 @@ public:
     bool ShowWindow(HWND hWnd, std::int32_t nCmdShow) override {
         return windows_.Show(hWnd, nCmdShow);
     }
-    bool ExitWindowsEx(std::uint32_t, std::uint32_t) override { return false; }
+    bool ExitWindowsEx(std::uint32_t flags, std::uint32_t reserved) override;
     std::int32_t GetSysColor(std::int32_t index) override;
 
 private:
     DesktopWindows windows_;
+    SessionEnd* session_end_;
 };
 
 }  // namespace corvane::linux_desktop

@@ -31,7 +31,7 @@ protected:
     QWidget window;
     ControlView* view = new ControlView(&window);
     Gdi gdi;
-    User32 user32;
+    User32 user32{MakeSessionWindows()};
     bkCProg gauge{std::make_unique<QtControlHost>(gdi, *view), gdi, user32};
 };
 

@@ -221,7 +221,7 @@ TEST(GaugeSheet, EveryLookShowsSomethingOfItsOwn) {
     sheet.resize(kColumns * kCell,
                  static_cast<int>(std::size(kLooks) + kColumns - 1) / kColumns * kCellHeight);
     Gdi gdi;
-    User32 user32;
+    User32 user32{MakeSessionWindows()};
     std::vector<std::unique_ptr<bkCProg>> gauges;
     std::vector<ControlView*> views;
     int place = 0;
