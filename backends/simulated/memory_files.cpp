@@ -77,7 +77,7 @@ void MemoryFiles::DeleteFile(const std::string& path) {
 }
 
 std::vector<DriveObject> MemoryFiles::Drives() {
-    record_.Quietly("Drives");
+    record_.Call("Drives");
     return machine_.Drives();
 }
 

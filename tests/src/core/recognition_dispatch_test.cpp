@@ -355,7 +355,7 @@ TEST_F(DispatchWithVoice, WithoutAVoiceEveryAnswerIsPassedOverInSilence) {
     const std::pair<const char*, const char*> kCalls[] = {
         {"the date", ""},
         {"the time", ""},
-        {"free space", ""},
+        {"free space", "Drives\n"},
         {"how much ram", ""},
         {"read whiteboard", ""},
         {"read selected", "SendKeys ^c wait\nClipboard.GetText\n"},

@@ -116,6 +116,14 @@ TEST_F(WindowCommandsTest, CloseWindowClosesTheAddProgramsWindow) {
     EXPECT_FALSE(desk.desktop.runtime.Ended());
 }
 
+TEST_F(WindowCommandsTest, CloseWindowClosesTheAboutBoxAlthoughItIsModal) {
+    desk.desktop.queue.PostAfter(std::chrono::seconds(1),
+                                 [&] { desk.desktop.speech.Say("close window"); });
+    desk.desktop.Drive([&] { desk.desktop.windows.ClickMenu("Form2", "mnuAbout"); });
+    EXPECT_FALSE(desk.desktop.windows.Window("Form4").visible);
+    EXPECT_FALSE(desk.desktop.runtime.Ended());
+}
+
 TEST_F(WindowCommandsTest, ACloseIsNotWaitedFor) {
     bool asked = false;
     screen.At(editor).OnClose = [&] { asked = true; };  // and it stays
