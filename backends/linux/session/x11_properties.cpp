@@ -27,7 +27,7 @@ PropertyBytes ReadBytes(const X11Connection& x, xcb_window_t window, xcb_atom_t 
     return {value->type, std::string(bytes, value->value_len)};
 }
 
-std::string Utf8OfLatin1(const std::string& latin1) {
+std::string Utf8OfLatin1(std::string_view latin1) {
     std::string utf8;
     for (const char c : latin1) {
         const auto code = static_cast<unsigned char>(c);

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "linux/session/x11_connection.h"
@@ -25,6 +26,6 @@ struct PropertyBytes {
                                       xcb_atom_t property);
 
 /// What the type STRING holds, as UTF-8.
-[[nodiscard]] std::string Utf8OfLatin1(const std::string& latin1);
+[[nodiscard]] std::string Utf8OfLatin1(std::string_view latin1);
 
 }  // namespace corvane::linux_desktop

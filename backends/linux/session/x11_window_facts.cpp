@@ -27,6 +27,7 @@ X11WindowFacts::X11WindowFacts(const X11Connection& x)
       type_dock_(x.Atom("_NET_WM_WINDOW_TYPE_DOCK")),
       state_(x.Atom("_NET_WM_STATE")),
       hidden_(x.Atom("_NET_WM_STATE_HIDDEN")),
+      modal_(x.Atom("_NET_WM_STATE_MODAL")),
       maximised_across_(x.Atom("_NET_WM_STATE_MAXIMIZED_HORZ")),
       maximised_down_(x.Atom("_NET_WM_STATE_MAXIMIZED_VERT")),
       wm_state_(x.Atom("WM_STATE")),
@@ -108,6 +109,12 @@ std::optional<std::uint32_t> X11WindowFacts::OtherDesktopOf(WindowId window) con
     const auto its = ReadNumbers(x_, window, desktop_, XCB_ATOM_CARDINAL);
     if (current.empty() || its.empty() || its == current || its.front() == kOnAll) return {};
     return its.front();
+}
+
+bool X11WindowFacts::IsModalBoxOf(WindowId box, WindowId window) const {
+    if (!HasAtom(box, state_, modal_)) return false;
+    const auto program = ReadNumbers(x_, box, pid_, XCB_ATOM_CARDINAL);
+    return !program.empty() && program == ReadNumbers(x_, window, pid_, XCB_ATOM_CARDINAL);
 }
 
 bool X11WindowFacts::TakesPartIn(WindowId window, xcb_atom_t protocol) const {

@@ -29,6 +29,8 @@ public:
     [[nodiscard]] bool IsMaximised(WindowId window) const;
     /// The virtual desktop on which it stands, if the person is on another one.
     [[nodiscard]] std::optional<std::uint32_t> OtherDesktopOf(WindowId window) const;
+    /// Whether the box keeps the person from using the window, which is of the same program.
+    [[nodiscard]] bool IsModalBoxOf(WindowId box, WindowId window) const;
     /// Whether its program takes part in a protocol such as WM_DELETE_WINDOW.
     [[nodiscard]] bool TakesPartIn(WindowId window, xcb_atom_t protocol) const;
 
@@ -47,7 +49,7 @@ private:
     const X11Connection& x_;
     xcb_atom_t check_, supported_, active_, client_list_, current_desktop_, desktop_;
     xcb_atom_t type_, type_desktop_, type_dock_;
-    xcb_atom_t state_, hidden_, maximised_across_, maximised_down_, wm_state_;
+    xcb_atom_t state_, hidden_, modal_, maximised_across_, maximised_down_, wm_state_;
     xcb_atom_t name_, utf8_string_, pid_, wm_protocols_;
 };
 

@@ -36,7 +36,12 @@ SessionAnswer X11WindowManager::Activate(WindowId window) {
         Ask(x_.root(), current_desktop_, {*desktop, time_.Now()});
     // This also brings a minimised window back.
     Ask(window, active_, {kPager, time_.Now()});
-    return WaitFor([&] { return facts_.Active() == window && !facts_.IsMinimised(window); });
+    return WaitFor([&] {
+        const WindowId active = facts_.Active();
+        // Some managers give the front to the box that keeps the person from using the window.
+        return (active == window || facts_.IsModalBoxOf(active, window)) &&
+               !facts_.IsMinimised(window);
+    });
 }
 
 SessionAnswer X11WindowManager::Minimise(WindowId window) {

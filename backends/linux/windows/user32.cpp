@@ -4,7 +4,6 @@
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
-#include <string>
 
 #include "linux/canvas/system_colours.h"
 #include "linux/system/session_end.h"
@@ -31,18 +30,18 @@ std::int32_t User32::GetWindowTextLengthA(HWND hWnd) {
 }
 
 std::int32_t User32::GetWindowTextA(HWND hWnd, char* buffer, std::int32_t count) {
-    if (count <= 0) return 0;
     const auto facts = windows_.Describe(hWnd);
-    const std::string title = facts ? facts->title : std::string();
-    const auto copied = std::min(title.size(), static_cast<std::size_t>(count) - 1);
-    title.copy(buffer, copied);
+    if (!facts || count <= 0) return 0;
+    const auto copied = std::min(facts->title.size(), static_cast<std::size_t>(count) - 1);
+    facts->title.copy(buffer, copied);
     buffer[copied] = '\0';
     return static_cast<std::int32_t>(copied);
 }
 
 bool User32::PostMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t /*wParam*/,
                           std::int32_t /*lParam*/) {
-    return msg == WM_CLOSE && windows_.AskToClose(hWnd);
+    // A window can be sent any message, and programs here would heed no other.
+    return msg == WM_CLOSE ? windows_.AskToClose(hWnd) : windows_.Describe(hWnd).has_value();
 }
 
 std::uint32_t User32::GetWindowThreadProcessId(HWND hWnd, std::uint32_t* processId) {

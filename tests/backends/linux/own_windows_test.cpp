@@ -101,6 +101,15 @@ TEST_F(OwnWindow, AMessageBoxClosesToo) {
     EXPECT_TRUE(WaitFor([&] { return !box.isVisible(); }));
 }
 
+TEST_F(ManagedOwnWindow, TheBoxThatIsOpenOverItMayKeepTheFront) {
+    QMessageBox box;
+    box.open();
+    const auto box_window = static_cast<HWND>(box.winId());
+    ASSERT_TRUE(WaitFor([&] { return user32.GetForegroundWindow() == box_window; }));
+    EXPECT_TRUE(user32.SetForegroundWindow(main->hWnd()));
+    EXPECT_TRUE(IsInFront() || user32.GetForegroundWindow() == box_window);
+}
+
 TEST_F(OwnWindow, AHiddenWindowStaysHiddenUntilItIsShown) {
     CoverWithAnother();
     main->Hide();
