@@ -195,6 +195,13 @@ TEST_F(DictationInThePad, ScratchThatBehindALineBreakCutsTheEndBlindly) {
     EXPECT_EQ(desk.Document().start, 2);
 }
 
+TEST_F(DictationInThePad, ALineBreakGoesToTheEndAndTakesTheCaretThere) {
+    desk.HearAll({"one", "two"});
+    desk.desktop.Drive([&] { desk.desktop.windows.Mark("Form5", "txtSpeech", 0, 3); });
+    desk.HearAll({"\r", "three"});
+    EXPECT_EQ(desk.Document().text, "one two \r\nthree ");
+}
+
 TEST_F(DictationInThePad, ScratchThatPutsTheCaretToTheNewEnd) {
     desk.HearAll({"one", "two", "scratch that"});
     EXPECT_EQ(desk.Document().start, 4);

@@ -215,6 +215,15 @@ TEST_F(RecogniserTest, AReleasedRecogniserHearsNothingUntilTheNextInitRec) {
     EXPECT_EQ(heard, "first;");
 }
 
+TEST_F(RecogniserTest, AReleasedContextIsSilentEvenWhileSomebodyHoldsIt) {
+    recogniser.init_rec("/commands.xml");
+    const auto held = desktop.speech.Contexts();
+    desktop.speech.Say("first");
+    recogniser.ReleaseRecognizer();
+    desktop.RunFor({});
+    EXPECT_EQ(heard, "");
+}
+
 TEST_F(RecogniserTest, ARuleThatCannotBeFetchedStopsNeitherTheWalkNorTheRest) {
     desktop.record.Fail("Item", kAutomationError);
     recogniser.init_rec("/commands.xml");

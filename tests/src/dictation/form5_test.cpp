@@ -102,6 +102,11 @@ TEST(Form5, ClosingItGivesTheRecogniserBackAlsoWhenNobodyDictates) {
     EXPECT_TRUE(desk.Hear("copy"));
 }
 
+TEST_F(Form5Test, ClosingTheMainWindowEndsTheProcessWithoutThePadsUnload) {
+    desk.desktop.Drive([&] { desk.desktop.windows.CloseByFrame("Form2"); });
+    EXPECT_EQ(desk.Transcript(), "End\n");
+}
+
 TEST_F(Form5Test, TrainProfileAsksForASentenceAndTrainsWithIt) {
     desk.desktop.runtime.OnInputBox = [] { return "a sentence"; };
     desk.ClickInPad("Command1");
