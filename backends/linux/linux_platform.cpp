@@ -11,6 +11,7 @@
 #include "linux/display.h"
 #include "linux/files/file_system.h"
 #include "linux/linux_runtime.h"
+#include "linux/printing/printer.h"
 #include "linux/qt_message_queue.h"
 #include "linux/session/x11_keys.h"
 #include "linux/settings/registry.h"
@@ -73,6 +74,7 @@ struct LinuxPlatform::World {
     Kernel32 kernel32{runtime.ExecutableFolder()};
     Connection connection{system_bus};
     DiscPlayers players{std::make_shared<MachineDevices>(system_bus)};
+    Printer printer;
     SpeechEngine speech;  // last: its thread posts to the messages
 };
 
@@ -96,7 +98,8 @@ Platform LinuxPlatform::Parts() {
             .kernel32 = world_->kernel32,
             .wininet = world_->connection,
             .tokens = world_->tokens,
-            .winmm = world_->players};
+            .winmm = world_->players,
+            .printer = world_->printer};
 }
 
 }  // namespace corvane

@@ -56,6 +56,17 @@ public:
         shown.start = start;
         shown.length = length;
     }
+
+    void ReplaceSelection(const std::string& text) override {
+        record_.Quietly("ReplaceSelection");
+        ShownText& shown = window_->texts.at(name_);
+        shown.text = Left(shown.text, shown.start) + text +
+                     Mid(shown.text, Long(shown.start) + shown.length + 1, Len(shown.text));
+        shown.start += Len(text).rep();
+        shown.length = 0;
+    }
+
+    HWND hWnd() const override { return window_->texts.at(name_).handle; }
 };
 
 class CellRange final : public CellControl<IRangePeer> {
@@ -194,7 +205,7 @@ public:
     std::unique_ptr<ITextPeer> AddText(const ControlDescription& control,
                                        TextPeerEvents events) override {
         window_->texts[std::string(control.name)] = {std::string(control.text), 0, 0,
-                                                     std::move(events)};
+                                                     std::move(events), windows_.NewTextHandle()};
         return Place<CellText>(control);
     }
 
@@ -268,6 +279,7 @@ public:
         window_->visible = true;
         screen_.BringToFront(window_->handle);
         if (window_->focus.empty()) window_->focus = FirstInTabOrder(*window_);
+        windows_.Activate(window_);
     }
 
     void ShowModal() override {
@@ -295,6 +307,13 @@ public:
                                        std::to_string(request.filter_index) + " " +
                                        std::to_string(request.flags));
         return windows_.OnFileDialog();
+    }
+
+    bool AskForPrinter(std::int32_t flags) override {
+        record_.Call("AskForPrinter", std::to_string(flags));
+        // A copy: the person may do something else the next time.
+        const auto answer = windows_.OnPrintDialog;
+        return answer();
     }
 
     HWND hWnd() const override { return window_->handle; }
@@ -326,8 +345,18 @@ CellWindows::CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& 
 
 void ShownWindow::MoveFocus(const std::string& control) {
     const std::string before = std::exchange(focus, control);
+    if (before == control) return;
     const auto list = list_views.find(before);
-    if (list != list_views.end() && before != control) list->second.events.LostFocus();
+    if (list != list_views.end()) list->second.events.LostFocus();
+    TellText(before, &TextPeerEvents::LostFocus);
+    TellText(control, &TextPeerEvents::GotFocus);
+}
+
+void ShownWindow::TellText(const std::string& control,
+                           std::function<void()> TextPeerEvents::*event) {
+    const auto text = texts.find(control);
+    if (text == texts.end()) return;
+    if (const auto tell = text->second.events.*event) tell();
 }
 
 WindowSize CellWindows::WithFrame(int client_width, int client_height) {
@@ -349,6 +378,20 @@ std::unique_ptr<IWindowPeer> CellWindows::CreateWindow(const WindowDescription& 
     screen_.TakeOwn(window);
     windows_[std::string(description.name)] = window;
     return std::make_unique<CellWindow>(*this, record_, queue_, gdi_, screen_, window);
+}
+
+void CellWindows::Activate(const std::shared_ptr<ShownWindow>& window) {
+    const auto before = std::exchange(active_, window).lock();
+    if (before == window) return;
+    if (before && before->visible) before->TellText(before->focus, &TextPeerEvents::LostFocus);
+    window->TellText(window->focus, &TextPeerEvents::GotFocus);
+}
+
+const ShownText* CellWindows::FindText(HWND control) const {
+    for (const auto& [name, window] : windows_)
+        for (const auto& [text_name, text] : window->texts)
+            if (text.handle == control) return &text;
+    return nullptr;
 }
 
 const ShownWindow& CellWindows::Window(const std::string& window) const {

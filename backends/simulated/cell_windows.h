@@ -22,6 +22,7 @@ struct ShownText {
     std::int32_t start = 0;
     std::int32_t length = 0;
     TextPeerEvents events;
+    HWND handle = 0;
 };
 
 struct ShownList {
@@ -65,6 +66,8 @@ struct ShownWindow : TopWindow {
     using ByName = std::map<std::string, Shown, std::less<>>;
 
     void MoveFocus(const std::string& control);
+    /// Raises that event of the control, if it is a text.
+    void TellText(const std::string& control, std::function<void()> TextPeerEvents::*event);
 
     bool modal = false;
     WindowDescription description;
@@ -90,7 +93,7 @@ struct ShownWindow : TopWindow {
 /// A toolkit of windows in memory, and the hands of the person in front of them. The desktop's
 /// frame around a window is 60 twips wide, its title bar 285 twips high. Operations that can be
 /// told to fail: Show, ShowModal, Hide, SetFocus, SetText, SetSelection, SetPlace, AddRow, SetCell,
-/// RemoveRow, SelectRow, SetDate, SetCaption, SetPicture, AskForFile.
+/// RemoveRow, SelectRow, SetDate, SetCaption, SetPicture, AskForFile, AskForPrinter.
 class CellWindows final : public IWindowToolkit {
 public:
     /// `queue` runs while a window is modal; `gdi` draws what draws itself; `screen` is shared with
@@ -106,6 +109,10 @@ public:
 
     /// A person puts the caret at the end of a text control and types.
     void Type(const std::string& window, const std::string& control, const std::string& text);
+    /// A person marks `length` characters from `start` on in a text control, or puts the caret
+    /// there.
+    void Mark(const std::string& window, const std::string& control, std::int32_t start,
+              std::int32_t length);
     /// A person changes the text of a text control to another one; the caret stands behind it.
     void Retype(const std::string& window, const std::string& control, const std::string& text);
     /// A person double-clicks an item of a list, which selects it.
@@ -126,6 +133,8 @@ public:
     void DoubleClickRow(const std::string& window, const std::string& list, std::int32_t row);
     /// A person moves the selection with the arrow keys.
     void MoveToRow(const std::string& window, const std::string& list, std::int32_t row);
+    /// A window takes the front, and its control the focus.
+    void Activate(const std::shared_ptr<ShownWindow>& window);
     /// A person gives a control of the window the focus.
     void Focus(const std::string& window, const std::string& control);
     /// A person chooses a day, month or year on a calendar.
@@ -134,6 +143,11 @@ public:
     void Resize(const std::string& window, int client_width, int client_height);
     /// What a person answers when asked for a file; cancels at first.
     std::function<std::optional<std::string>()> OnFileDialog = [] { return std::nullopt; };
+    [[nodiscard]] HWND NewTextHandle() { return ++last_text_; }
+    /// What a person does with the print dialog; cancels at first.
+    std::function<bool()> OnPrintDialog = [] { return false; };
+    /// The text control of that handle; nullptr if there is none in any window.
+    [[nodiscard]] const ShownText* FindText(HWND control) const;
     /// A person gives a button the focus and strikes a key of that code.
     void StrikeOn(const std::string& window, const std::string& button, std::int16_t code);
     void ClickMenu(const std::string& window, const std::string& menu);
@@ -147,6 +161,8 @@ private:
     SimulatedGdi& gdi_;
     Screen& screen_;
     std::map<std::string, std::shared_ptr<ShownWindow>> windows_;
+    std::weak_ptr<ShownWindow> active_;
+    HWND last_text_ = 6000;
 };
 
 }  // namespace corvane::simulated

@@ -24,6 +24,14 @@ void CellWindows::Retype(const std::string& window, const std::string& control,
     shown.events.Edited(shown.text, shown.start, shown.length);
 }
 
+void CellWindows::Mark(const std::string& window, const std::string& control, std::int32_t start,
+                       std::int32_t length) {
+    ShownText& shown = windows_.at(window)->texts.at(control);
+    shown.start = start;
+    shown.length = length;
+    shown.events.Edited(shown.text, shown.start, shown.length);
+}
+
 void CellWindows::DoubleClick(const std::string& window, const std::string& list,
                               const std::string& item) {
     ShownList& shown = windows_.at(window)->lists.at(list);
@@ -40,7 +48,8 @@ void CellWindows::DoubleClickBelow(const std::string& window, const std::string&
 
 void CellWindows::Erase(const std::string& window, const std::string& control) {
     ShownText& shown = windows_.at(window)->texts.at(control);
-    shown = {{}, 0, 0, shown.events};
+    shown.text.clear();
+    shown.start = shown.length = 0;
     shown.events.Edited({}, 0, 0);
 }
 
@@ -88,6 +97,7 @@ void CellWindows::MoveToRow(const std::string& window, const std::string& list, 
 }
 
 void CellWindows::Focus(const std::string& window, const std::string& control) {
+    Activate(windows_.at(window));
     windows_.at(window)->MoveFocus(control);
 }
 

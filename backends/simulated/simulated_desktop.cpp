@@ -22,7 +22,8 @@ Platform SimulatedDesktop::AsPlatform() {
             .kernel32 = machine,
             .wininet = machine,
             .tokens = tokens,
-            .winmm = disc_tray};
+            .winmm = disc_tray,
+            .printer = printer};
 }
 
 void SimulatedDesktop::Drive(const std::function<void()>& act) {

@@ -13,6 +13,7 @@
 #include "simulated/screen.h"
 #include "simulated/simulated_clipboard.h"
 #include "simulated/simulated_machine.h"
+#include "simulated/simulated_printer.h"
 #include "simulated/simulated_runtime.h"
 #include "simulated/simulated_shell.h"
 #include "simulated/simulated_speech.h"
@@ -39,7 +40,8 @@ public:
     MemoryRegistry registry{record};
     SimulatedTray tray{record};
     SimulatedTokens tokens{record};
-    SimulatedUser32 user32{record, queue, screen, tokens};
+    SimulatedPrinter printer{record, gdi};
+    SimulatedUser32 user32{record, queue, screen, tokens, windows, printer};
     DiscTray disc_tray{record, queue};
 
     SimulatedDesktop();

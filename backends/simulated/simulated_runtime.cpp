@@ -56,6 +56,12 @@ MsgBoxResult SimulatedRuntime::MsgBox(const std::string& prompt, MsgBoxStyle sty
     return style == kYesNoQuestion ? AnswerToQuestions : kOk;
 }
 
+std::string SimulatedRuntime::InputBox(const std::string& prompt, const std::string& title) {
+    record_.Call("InputBox", "\"" + prompt + "\" \"" + title + "\"");
+    const auto answer = OnInputBox;  // a copy: the person may do something else the next time
+    return answer();
+}
+
 void SimulatedRuntime::ShowErrorReport(std::int32_t number, const std::string& text) {
     record_.Call("ShowErrorReport", std::to_string(number) + " " + text);
 }

@@ -17,8 +17,14 @@ std::string Words(Numbers... numbers) {
 }  // namespace
 
 SimulatedUser32::SimulatedUser32(CallRecord& record, VirtualQueue& queue, Screen& screen,
-                                 const SimulatedTokens& tokens)
-    : record_(record), queue_(queue), screen_(screen), tokens_(tokens) {}
+                                 const SimulatedTokens& tokens, const CellWindows& windows,
+                                 SimulatedPrinter& printer)
+    : record_(record),
+      queue_(queue),
+      screen_(screen),
+      tokens_(tokens),
+      windows_(windows),
+      printer_(printer) {}
 
 bool SimulatedUser32::ReleaseCapture() {
     record_.Call("ReleaseCapture");
@@ -28,6 +34,16 @@ bool SimulatedUser32::ReleaseCapture() {
 std::int32_t SimulatedUser32::SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
                                            std::int32_t lParam) {
     record_.Call("SendMessageA", Words(hWnd, msg, wParam, lParam));
+    return 0;
+}
+
+std::int32_t SimulatedUser32::SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
+                                           const FORMATRANGE* range) {
+    const ShownText* text = windows_.FindText(hWnd);
+    if (msg != EM_FORMATRANGE || text == nullptr) return 0;
+    if (range != nullptr) return printer_.FormatRange(hWnd, text->text, wParam != 0, *range);
+    record_.Call("FreeLayout");
+    printer_.FreeLayout(hWnd);
     return 0;
 }
 

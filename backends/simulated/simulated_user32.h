@@ -9,7 +9,9 @@
 
 #include "platform/user32.h"
 #include "simulated/call_record.h"
+#include "simulated/cell_windows.h"
 #include "simulated/screen.h"
+#include "simulated/simulated_printer.h"
 #include "simulated/simulated_tokens.h"
 #include "simulated/virtual_queue.h"
 
@@ -17,14 +19,19 @@ namespace corvane::simulated {
 
 /// The window system as it answers calls on any window. It refuses the front to a program that does
 /// not have it and is not joined with the one that has. Every call but GetSysColor is recorded.
+/// Operations that can be told to fail: SendMessageA, FormatRange.
 class SimulatedUser32 final : public IUser32 {
 public:
+    /// `printer` lays out the texts of `windows`.
     SimulatedUser32(CallRecord& record, VirtualQueue& queue, Screen& screen,
-                    const SimulatedTokens& tokens);
+                    const SimulatedTokens& tokens, const CellWindows& windows,
+                    SimulatedPrinter& printer);
 
     bool ReleaseCapture() override;
     std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
                               std::int32_t lParam) override;
+    std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
+                              const FORMATRANGE* range) override;
     HWND GetForegroundWindow() override;
     std::int32_t GetWindowTextLengthA(HWND hWnd) override;
     std::int32_t GetWindowTextA(HWND hWnd, char* buffer, std::int32_t count) override;
@@ -53,6 +60,8 @@ private:
     VirtualQueue& queue_;
     Screen& screen_;
     const SimulatedTokens& tokens_;
+    const CellWindows& windows_;
+    SimulatedPrinter& printer_;
     std::map<std::int32_t, std::int32_t> colours_;
     std::set<std::pair<std::uint32_t, std::uint32_t>> joined_;  // the lower number first
     std::optional<std::uint32_t> session_end_;

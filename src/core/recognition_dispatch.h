@@ -4,6 +4,7 @@
 #include <string>
 
 #include "calendar/form3.h"
+#include "core/dictation_mode.h"
 #include "core/recogniser.h"
 #include "core/text_log.h"
 #include "desktop/desktop_commands.h"
@@ -30,7 +31,7 @@ public:
                         const KeywordLauncher& launcher, forms::Lazy<Form2>& main_window,
                         TrayIcon& tray, TextLog& log, KeywordStore& keywords,
                         forms::Lazy<Form1>& add_programs, forms::Lazy<Form3>& calendar,
-                        DesktopCommands& desktop);
+                        DesktopCommands& desktop, DictationMode& dictation);
 
     /// The handler of the recogniser's final event. It never raises.
     void RC_Recognition(Long StreamNumber, const Variant& StreamPosition, Long RecognitionType,
@@ -52,6 +53,7 @@ private:
     forms::Lazy<Form1>& add_programs_;
     forms::Lazy<Form3>& calendar_;
     DesktopCommands& desktop_;
+    DictationMode& dictation_;
 };
 
 }  // namespace corvane

@@ -11,6 +11,7 @@ class IGdi32;
 class IKernel32;
 class ILanguageRuntime;
 class IMessageQueue;
+class IPrinter;
 class IProcessTokens;
 class IShell32;
 class ISpeechApi;
@@ -36,6 +37,7 @@ struct Platform {
     IWinInet& wininet;
     IProcessTokens& tokens;
     IWinMm& winmm;
+    IPrinter& printer;
 };
 
 }  // namespace corvane

@@ -60,6 +60,11 @@ bool User32::ExitWindowsEx(std::uint32_t flags, std::uint32_t /*reserved*/) {
     return session_end_ != nullptr && session_end_->ExitWindowsEx(flags);
 }
 
+std::int32_t User32::SendMessageA(HWND /*hWnd*/, std::uint32_t /*msg*/, std::uint32_t /*wParam*/,
+                                  const FORMATRANGE* /*range*/) {
+    return 0;
+}
+
 std::int32_t User32::GetSysColor(std::int32_t index) {
     return SystemColour(index);
 }

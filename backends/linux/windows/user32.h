@@ -22,6 +22,8 @@ public:
     /// To a window of this program; those of others take no messages.
     std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
                               std::int32_t lParam) override;
+    std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
+                              const FORMATRANGE* range) override;
     HWND GetForegroundWindow() override { return windows_.Foreground(); }
     std::int32_t GetWindowTextLengthA(HWND hWnd) override;
     std::int32_t GetWindowTextA(HWND hWnd, char* buffer, std::int32_t count) override;
