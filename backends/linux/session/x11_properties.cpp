@@ -20,8 +20,8 @@ std::vector<std::uint32_t> ReadNumbers(const X11Connection& x, xcb_window_t wind
 
 PropertyBytes ReadBytes(const X11Connection& x, xcb_window_t window, xcb_atom_t property) {
     const auto value = Answer<xcb_get_property_reply>(
-        x, xcb_get_property(x.connection(), 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0,
-                            kMost));
+        x,
+        xcb_get_property(x.connection(), 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, kMost));
     if (!value || value->format != 8) return {};
     const auto* bytes = static_cast<const char*>(xcb_get_property_value(value.get()));
     return {value->type, std::string(bytes, value->value_len)};

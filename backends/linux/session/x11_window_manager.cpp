@@ -34,14 +34,21 @@ SessionAnswer X11WindowManager::Activate(WindowId window) {
     // Not all managers turn to the window's virtual desktop themselves.
     if (const auto desktop = facts_.OtherDesktopOf(window))
         Ask(x_.root(), current_desktop_, {*desktop, time_.Now()});
-    // This also brings a minimised window back.
-    Ask(window, active_, {kPager, time_.Now()});
-    return WaitFor([&] {
+    const auto in_front = [&] {
         const WindowId active = facts_.Active();
         // Some managers give the front to the box that keeps the person from using the window.
         return (active == window || facts_.IsModalBoxOf(active, window)) &&
                !facts_.IsMinimised(window);
-    });
+    };
+    // A program that has just started may take the front in between.
+    constexpr int kTimesAsked = 4;
+    auto answer = SessionAnswer::Denied;
+    for (int asked = 0; asked < kTimesAsked && answer != SessionAnswer::Done; ++asked) {
+        // This also brings a minimised window back.
+        Ask(window, active_, {kPager, time_.Now()});
+        answer = WaitFor(in_front, Windows::kPatience / kTimesAsked);
+    }
+    return answer;
 }
 
 SessionAnswer X11WindowManager::Minimise(WindowId window) {
@@ -81,8 +88,9 @@ void X11WindowManager::AskForSize(WindowId window, std::uint32_t action) const {
     Ask(window, state_, {action, maximised_across_, maximised_down_, kPager});
 }
 
-SessionAnswer X11WindowManager::WaitFor(const std::function<bool()>& effect) const {
-    const auto end = steady_clock::now() + Windows::kPatience;
+SessionAnswer X11WindowManager::WaitFor(const std::function<bool()>& effect,
+                                        std::chrono::milliseconds patience) const {
+    const auto end = steady_clock::now() + patience;
     while (!effect()) {
         if (steady_clock::now() >= end || !x_.usable()) return SessionAnswer::Denied;
         std::this_thread::sleep_for(kBetweenLooks);

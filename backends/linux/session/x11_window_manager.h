@@ -27,8 +27,10 @@ private:
     using Data = std::array<std::uint32_t, 5>;
     void Ask(WindowId window, xcb_atom_t request, const Data& data) const;
     void AskForSize(WindowId window, std::uint32_t action) const;
-    /// Waits until it is so, for as long as Windows::kPatience.
-    [[nodiscard]] SessionAnswer WaitFor(const std::function<bool()>& effect) const;
+    /// Waits until it is so, for that long at most.
+    [[nodiscard]] SessionAnswer WaitFor(
+        const std::function<bool()>& effect,
+        std::chrono::milliseconds patience = Windows::kPatience) const;
 
     const X11Connection& x_;
     const X11WindowFacts& facts_;
