@@ -11,6 +11,7 @@
 #include "linux/files/file_system.h"
 #include "linux/linux_runtime.h"
 #include "linux/qt_message_queue.h"
+#include "linux/session/accessibility_registry.h"
 #include "linux/session/x11_keys.h"
 #include "linux/settings/registry.h"
 #include "linux/shell/automation.h"
@@ -46,7 +47,8 @@ private:
 struct LinuxPlatform::World {
     World(int& argc, char** argv)
         : qt(argc, argv),
-          runtime(std::make_unique<X11Keys>([this] { messages.DoEvents(); })),
+          runtime(std::make_unique<X11Keys>([this] { messages.DoEvents(); },
+                                            [this] { return assistance.WaitUntilAllAnswered(); })),
           speech(
               SpeechEngineConfig(),
               [this](std::function<void()> message) { messages.Post(std::move(message)); },
@@ -55,6 +57,7 @@ struct LinuxPlatform::World {
     QtApplication qt;
     QtMessageQueue messages;
     FileSystem files;
+    AccessibilityRegistry assistance;
     LinuxRuntime runtime;
     DesktopClipboard clipboard{MakeSessionClipboard()};
     QtToolkit windows{runtime.ExecutableFolder() + "/pictures"};

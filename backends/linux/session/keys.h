@@ -11,6 +11,7 @@ namespace corvane::linux_desktop {
 enum class NamedKey {
     Backspace,
     CapsLock,
+    Clear,
     Delete,
     Down,
     End,
@@ -23,6 +24,8 @@ enum class NamedKey {
     NumLock,
     PageDown,
     PageUp,
+    Pause,
+    PrintScreen,
     Right,
     ScrollLock,
     Tab,
@@ -39,6 +42,10 @@ enum class NamedKey {
     F10,
     F11,
     F12,
+    F13,
+    F14,
+    F15,
+    F16,
 };
 
 /// One key going down and up while modifiers are held. A character brings the modifiers that it
@@ -48,6 +55,7 @@ struct KeyStroke {
     bool control = false;
     bool shift = false;
     bool alt = false;
+    bool joined = false;  ///< the modifiers that the next stroke has too stay down until then
     friend bool operator==(const KeyStroke&, const KeyStroke&) = default;
 };
 

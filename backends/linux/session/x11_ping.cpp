@@ -5,9 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
-#include <span>
 #include <utility>
 #include <vector>
 
@@ -17,11 +15,6 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr milliseconds kBound{250};
-// Some programs answer the first question before the keys in front of it; none the second.
-constexpr int kRoundTrips = 2;
-// For programs that don't take part. Measured with terminals: most take their keys within a few.
-constexpr milliseconds kWithoutAnswer{40};
 constexpr milliseconds kBetweenEvents{2};  // for our own windows, whose loop must go on
 
 std::vector<std::uint32_t> ReadProperty(const X11Connection& x, xcb_window_t window,
@@ -42,35 +35,35 @@ X11Ping::X11Ping(const X11Connection& x, std::function<void()> do_events)
       net_wm_ping_(x.Atom("_NET_WM_PING")),
       net_wm_pid_(x.Atom("_NET_WM_PID")) {}
 
-void X11Ping::WaitForFocusWindow() {
-    const Target target = FindTarget();
-    const auto start = steady_clock::now();
-    if (!target.answers) {
-        const auto end = start + kWithoutAnswer;
-        for (auto now = start; now < end; now = steady_clock::now())
-            WaitForEvents(target, std::chrono::ceil<milliseconds>(end - now));
-        return;
-    }
-    ListenForAnswers(true);
-    for (int trip = 0; trip < kRoundTrips && RoundTrip(target, start + kBound); ++trip) {
-    }
-    ListenForAnswers(false);
-    x_.DropEvents();
-}
-
 X11Ping::Target X11Ping::FindTarget() const {
     const auto focus = Answer<xcb_get_input_focus_reply>(x_, xcb_get_input_focus(x_.connection()));
     if (!focus) return {};
     // The focus may be on a window inside the one that the window manager knows.
     xcb_window_t window = focus->focus;
     while (window > XCB_INPUT_FOCUS_POINTER_ROOT && window != x_.root()) {
-        const Target target = Describe(window);
+        Target target = Describe(window);
+        target.focus = focus->focus;
         if (target.answers) return target;
         const auto tree = Answer<xcb_query_tree_reply>(x_, xcb_query_tree(x_.connection(), window));
         if (!tree) break;
         window = tree->parent;
     }
-    return {};
+    return {.focus = focus->focus};
+}
+
+bool X11Ping::Ask(const Target& target, int questions, Time end) {
+    ListenForAnswers(true);
+    while (questions > 0 && RoundTrip(target, end)) --questions;
+    ListenForAnswers(false);
+    x_.DropEvents();
+    return questions == 0;
+}
+
+void X11Ping::Pause(const Target& target, Time end) const {
+    for (auto now = steady_clock::now(); now < end; now = steady_clock::now()) {
+        WaitForEvents(target, std::chrono::ceil<milliseconds>(end - now));
+        x_.DropEvents();
+    }
 }
 
 X11Ping::Target X11Ping::Describe(xcb_window_t window) const {
@@ -89,7 +82,7 @@ void X11Ping::ListenForAnswers(bool listen) const {
     x_.Sync();
 }
 
-bool X11Ping::RoundTrip(const Target& target, steady_clock::time_point end) {
+bool X11Ping::RoundTrip(const Target& target, Time end) {
     xcb_client_message_event_t question{};
     question.response_type = XCB_CLIENT_MESSAGE;
     question.format = 32;
