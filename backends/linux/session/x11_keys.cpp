@@ -40,7 +40,7 @@ X11Keys::X11Keys(std::function<void()> do_events, std::function<bool()> wait_for
       do_events_(std::move(do_events)),
       wait_for_relay_(std::move(wait_for_relay)),
       ping_(x_, do_events_),
-      paste_(x_, do_events_) {}
+      paste_(do_events_) {}
 
 SessionAnswer X11Keys::Type(Strokes strokes) {
     if (!xtest_) return SessionAnswer::Denied;
@@ -82,7 +82,9 @@ std::vector<X11Keys::Piece> X11Keys::PiecesOf(Strokes strokes, const X11Keyboard
     std::vector<xcb_keysym_t> missing;
     for (const KeyStroke& stroke : strokes)
         if (!keyboard.Find(stroke)) missing.push_back(SymbolOf(stroke));
-    if (spare_.Suffice(missing, keyboard)) return {{strokes, Way::Typed}};
+    const bool lends = missing.empty() || (spare_.Suffice(missing, keyboard) &&
+                                           !X11Paste::IsSurerThanLentKeys(ping_.FindTarget()));
+    if (lends) return {{strokes, Way::Typed}};
     return PiecesWithPastedRuns(strokes, keyboard);
 }
 
@@ -107,7 +109,7 @@ bool X11Keys::LendKeys(const std::vector<Piece>& pieces, const X11Keyboard& keyb
         if (piece.way == Way::Typed)
             typed.insert(typed.end(), piece.strokes.begin(), piece.strokes.end());
         else
-            typed.push_back(paste_.StrokeFor(ping_.FindTarget()));
+            typed.push_back(X11Paste::StrokeFor(ping_.FindTarget()));
     }
     std::vector<xcb_keysym_t> missing;
     for (const KeyStroke& stroke : typed)
@@ -145,7 +147,7 @@ bool X11Keys::PastePiece(Strokes strokes, const X11Keyboard& keyboard, X11Finger
     for (const KeyStroke& stroke : strokes) text += std::get<char32_t>(stroke.key);
     const X11Ping::Target target = ping_.FindTarget();
     const Time read_by = steady_clock::now() + kPatienceWithTheClipboard;
-    const auto chord = ChordOf(paste_.StrokeFor(target), keyboard);
+    const auto chord = ChordOf(X11Paste::StrokeFor(target), keyboard);
     if (!chord || !paste_.Offer(text, target, read_by)) return false;
     fingers.Strike(*chord);
     x_.Sync();

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "linux/session/keys.h"
-#include "linux/session/x11_connection.h"
 #include "linux/session/x11_lent_selection.h"
 #include "linux/session/x11_ping.h"
 
@@ -19,10 +18,14 @@ public:
     using Time = std::chrono::steady_clock::time_point;
 
     /// `do_events` lets our own windows work.
-    X11Paste(const X11Connection& x, std::function<void()> do_events);
+    explicit X11Paste(std::function<void()> do_events);
+
+    /// Whether the program would never tell when it has looked up its keys, but does tell when it
+    /// has fetched a text.
+    [[nodiscard]] static bool IsSurerThanLentKeys(const X11Ping::Target& target);
 
     /// The stroke by which a program pastes: a terminal takes Ctrl+V for a character of its own.
-    [[nodiscard]] KeyStroke StrokeFor(const X11Ping::Target& target) const;
+    [[nodiscard]] static KeyStroke StrokeFor(const X11Ping::Target& target);
 
     /// Puts the text where that program will fetch it on its stroke. False if that can't be.
     bool Offer(std::u32string_view text, const X11Ping::Target& target, Time end);
@@ -33,9 +36,8 @@ public:
     void GiveBack(bool fetched);
 
 private:
-    [[nodiscard]] bool IsTerminal(const X11Ping::Target& target) const;
+    [[nodiscard]] static bool TakesShiftInsert(const X11Ping::Target& target);
 
-    const X11Connection& x_;
     std::function<void()> do_events_;
     // Made when first needed: few texts are pasted.
     std::optional<X11LentSelection> clipboard_, primary_;

@@ -5,7 +5,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -17,13 +19,19 @@ using std::chrono::steady_clock;
 
 constexpr milliseconds kBetweenEvents{2};  // for our own windows, whose loop must go on
 
-std::vector<std::uint32_t> ReadProperty(const X11Connection& x, xcb_window_t window,
-                                        xcb_atom_t property, xcb_atom_t type) {
+std::string ReadProperty(const X11Connection& x, xcb_window_t window, xcb_atom_t property,
+                         xcb_atom_t type) {
     const auto value = Answer<xcb_get_property_reply>(
         x, xcb_get_property(x.connection(), 0, window, property, type, 0, 64));
-    if (!value || value->format != 32) return {};
-    const auto* items = static_cast<const std::uint32_t*>(xcb_get_property_value(value.get()));
-    return {items, items + value->value_len};
+    if (!value) return {};
+    return {static_cast<const char*>(xcb_get_property_value(value.get())),
+            static_cast<std::size_t>(xcb_get_property_value_length(value.get()))};
+}
+
+std::vector<std::uint32_t> Numbers(const std::string& bytes) {
+    std::vector<std::uint32_t> numbers(bytes.size() / sizeof(std::uint32_t));
+    std::memcpy(numbers.data(), bytes.data(), numbers.size() * sizeof(std::uint32_t));
+    return numbers;
 }
 
 }  // namespace
@@ -40,15 +48,17 @@ X11Ping::Target X11Ping::FindTarget() const {
     if (!focus) return {};
     // The focus may be on a window inside the one that the window manager knows.
     xcb_window_t window = focus->focus;
+    Target silent{.focus = focus->focus, .window = {}, .window_class = {}};
     while (window > XCB_INPUT_FOCUS_POINTER_ROOT && window != x_.root()) {
         Target target = Describe(window);
         target.focus = focus->focus;
         if (target.answers) return target;
+        if (!target.window_class.empty()) silent = std::move(target);
         const auto tree = Answer<xcb_query_tree_reply>(x_, xcb_query_tree(x_.connection(), window));
         if (!tree) break;
         window = tree->parent;
     }
-    return {.focus = focus->focus};
+    return silent;
 }
 
 bool X11Ping::Ask(const Target& target, int questions, Time end) {
@@ -67,9 +77,15 @@ void X11Ping::Pause(const Target& target, Time end) const {
 }
 
 X11Ping::Target X11Ping::Describe(xcb_window_t window) const {
-    const auto protocols = ReadProperty(x_, window, wm_protocols_, XCB_ATOM_ATOM);
-    const auto process = ReadProperty(x_, window, net_wm_pid_, XCB_ATOM_CARDINAL);
-    return {.window = window,
+    const auto protocols = Numbers(ReadProperty(x_, window, wm_protocols_, XCB_ATOM_ATOM));
+    const auto process = Numbers(ReadProperty(x_, window, net_wm_pid_, XCB_ATOM_CARDINAL));
+    // Two names, each ended by a zero: of the window and of its class.
+    std::string name = ReadProperty(x_, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING);
+    name.erase(0, name.find('\0') == std::string::npos ? name.size() : name.find('\0') + 1);
+    name.resize(std::min(name.find('\0'), name.size()));
+    return {.focus = window,
+            .window = window,
+            .window_class = std::move(name),
             .answers = std::ranges::find(protocols, net_wm_ping_) != protocols.end(),
             .ours = !process.empty() && std::cmp_equal(process.front(), ::getpid())};
 }

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <functional>
+#include <string>
 
 #include "linux/session/x11_connection.h"
 
@@ -21,6 +22,7 @@ public:
     struct Target {
         xcb_window_t focus = XCB_WINDOW_NONE;   ///< may lie inside of `window`
         xcb_window_t window = XCB_WINDOW_NONE;  ///< what a question is put to
+        std::string window_class;               ///< tells the program
         bool answers = false;                   ///< it takes part in the protocol
         bool ours = false;
     };
