@@ -11,7 +11,7 @@
 #include "linux/files/file_system.h"
 #include "linux/linux_runtime.h"
 #include "linux/qt_message_queue.h"
-#include "linux/session/accessibility_registry.h"
+#include "linux/session/accessibility_relay.h"
 #include "linux/session/x11_keys.h"
 #include "linux/settings/registry.h"
 #include "linux/shell/automation.h"
@@ -47,8 +47,9 @@ private:
 struct LinuxPlatform::World {
     World(int& argc, char** argv)
         : qt(argc, argv),
-          runtime(std::make_unique<X11Keys>([this] { messages.DoEvents(); },
-                                            [this] { return assistance.WaitUntilAllAnswered(); })),
+          runtime(std::make_unique<X11Keys>(
+              [this] { messages.DoEvents(); },
+              [this](pid_t program) { return relay.WaitForKeysOf(program); })),
           speech(
               SpeechEngineConfig(),
               [this](std::function<void()> message) { messages.Post(std::move(message)); },
@@ -57,7 +58,7 @@ struct LinuxPlatform::World {
     QtApplication qt;
     QtMessageQueue messages;
     FileSystem files;
-    AccessibilityRegistry assistance;
+    AccessibilityRelay relay{[this] { messages.DoEvents(); }};
     LinuxRuntime runtime;
     DesktopClipboard clipboard{MakeSessionClipboard()};
     QtToolkit windows{runtime.ExecutableFolder() + "/pictures"};

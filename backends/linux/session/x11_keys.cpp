@@ -35,7 +35,7 @@ bool IsPlainCharacter(const KeyStroke& stroke) {
 
 }  // namespace
 
-X11Keys::X11Keys(std::function<void()> do_events, std::function<bool()> wait_for_relay)
+X11Keys::X11Keys(std::function<void()> do_events, std::function<bool(pid_t)> wait_for_relay)
     : xtest_(X11Fingers::Exist(x_)),
       do_events_(std::move(do_events)),
       wait_for_relay_(std::move(wait_for_relay)),
@@ -179,8 +179,8 @@ bool X11Keys::Await(int questions, milliseconds without_answers) {
 bool X11Keys::AwaitAll() {
     const auto without_answers = spare_.any_lent() ? kForAll + kForLentKeys : kForAll;
     if (!Await(kQuestionsForAll, without_answers)) return false;
-    // Keys that went by way of a third program are behind its answers to them.
-    all_taken_ = !wait_for_relay_ || !wait_for_relay_() || Await(kQuestionsForAll, milliseconds(0));
+    all_taken_ = !wait_for_relay_ || !wait_for_relay_(ping_.FindTarget().process) ||
+                 Await(kQuestionsForAll, milliseconds(0));
     return all_taken_;
 }
 

@@ -27,9 +27,10 @@ namespace corvane::linux_desktop {
 class X11Keys final : public Keys {
 public:
     /// `do_events` lets our own windows take what is typed into them. `wait_for_relay`, if there is
-    /// one, returns when the third program by way of which some programs take their keys has
-    /// come as far as our question; false if there is no such program.
-    explicit X11Keys(std::function<void()> do_events, std::function<bool()> wait_for_relay = {});
+    /// one, returns when a third program, by way of which the given one may take its keys, has let
+    /// them go; false if it does not take them so.
+    explicit X11Keys(std::function<void()> do_events,
+                     std::function<bool(pid_t)> wait_for_relay = {});
 
     SessionAnswer Type(std::span<const KeyStroke> strokes) override;
     void WaitUntilTaken() override;
@@ -64,7 +65,7 @@ private:
     X11Connection x_;
     bool xtest_;
     std::function<void()> do_events_;
-    std::function<bool()> wait_for_relay_;
+    std::function<bool(pid_t)> wait_for_relay_;
     X11Ping ping_;
     X11SpareKeys spare_{x_};
     X11Paste paste_;

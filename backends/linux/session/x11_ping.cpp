@@ -78,7 +78,8 @@ void X11Ping::Pause(const Target& target, Time end) const {
 
 X11Ping::Target X11Ping::Describe(xcb_window_t window) const {
     const auto protocols = Numbers(ReadProperty(x_, window, wm_protocols_, XCB_ATOM_ATOM));
-    const auto process = Numbers(ReadProperty(x_, window, net_wm_pid_, XCB_ATOM_CARDINAL));
+    const auto processes = Numbers(ReadProperty(x_, window, net_wm_pid_, XCB_ATOM_CARDINAL));
+    const pid_t process = processes.empty() ? 0 : static_cast<pid_t>(processes.front());
     // Two names, each ended by a zero: of the window and of its class.
     std::string name = ReadProperty(x_, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING);
     name.erase(0, name.find('\0') == std::string::npos ? name.size() : name.find('\0') + 1);
@@ -87,7 +88,8 @@ X11Ping::Target X11Ping::Describe(xcb_window_t window) const {
             .window = window,
             .window_class = std::move(name),
             .answers = std::ranges::find(protocols, net_wm_ping_) != protocols.end(),
-            .ours = !process.empty() && std::cmp_equal(process.front(), ::getpid())};
+            .process = process,
+            .ours = process == ::getpid()};
 }
 
 void X11Ping::ListenForAnswers(bool listen) const {

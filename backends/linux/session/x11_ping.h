@@ -1,6 +1,8 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <sys/types.h>
+
 #include <chrono>
 #include <functional>
 #include <string>
@@ -24,6 +26,7 @@ public:
         xcb_window_t window = XCB_WINDOW_NONE;  ///< what a question is put to
         std::string window_class;               ///< tells the program
         bool answers = false;                   ///< it takes part in the protocol
+        pid_t process = 0;                      ///< 0 if it does not tell
         bool ours = false;
     };
     [[nodiscard]] Target FindTarget() const;
