@@ -101,10 +101,10 @@ void X11SelectionOwner::Serve() {
     while (!ends_) {
         WaitForSomething();
         CarryOutWishes();
+        TakeNextIfItIsTime();
+        // Last: events that a round trip has brought along are not waited for again.
         while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(x_.connection())})
             Handle(*event);
-        TakeNextIfItIsTime();
-        xcb_flush(x_.connection());
     }
 }
 
@@ -148,6 +148,7 @@ bool X11SelectionOwner::Take(const Copied& copied) {
 
 void X11SelectionOwner::GiveUp() {
     xcb_set_selection_owner(x_.connection(), XCB_WINDOW_NONE, selection_, since_);
+    x_.Sync();
     keeps_ = false;
     forms_.clear();
 }
@@ -285,6 +286,7 @@ void X11SelectionOwner::PutPart(Transfer& transfer) {
     const auto part = std::string_view(transfer.bytes).substr(transfer.sent, kPart);
     transfer.sent += part.size();
     PutBytes(x_, transfer.requestor, transfer.property, transfer.type, part);
+    xcb_flush(x_.connection());
     if (!part.empty()) return;
     // The empty part is the end.
     Count(transfer.requestor, transfer.offer);
