@@ -9,6 +9,8 @@
 namespace corvane::linux_desktop {
 namespace {
 
+constexpr std::chrono::milliseconds kStillHeld{500};
+
 enum class Direction : std::uint8_t { Down = XCB_KEY_PRESS, Up = XCB_KEY_RELEASE };
 
 void Move(const X11Connection& x, xcb_keycode_t code, Direction direction) {
@@ -42,7 +44,8 @@ X11Fingers::X11Fingers(const X11Connection& x, const X11Keyboard& keyboard)
 X11Fingers::~X11Fingers() {
     ReleaseAllBut({});
     if (keyboard_.lock_in_force() != 0) Tap(x_, keyboard_.lock_in_force());
-    for (const xcb_keycode_t code : keyboard_.held()) Move(x_, code, Direction::Down);
+    if (std::chrono::steady_clock::now() - start_ <= kStillHeld)
+        for (const xcb_keycode_t code : keyboard_.held()) Move(x_, code, Direction::Down);
     x_.Sync();
 }
 

@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <chrono>
 #include <vector>
 
 #include "linux/session/x11_connection.h"
@@ -16,7 +17,8 @@ struct KeyChord {
 };
 
 /// Moves keys, by the server's XTEST extension. For as long as it lives the modifiers that the
-/// person holds, and Caps Lock, are out of force.
+/// person holds, and Caps Lock, are out of force. After more than half a second the modifiers stay
+/// so: the finger may have left the key meanwhile, and nobody would let it go.
 class X11Fingers {
 public:
     X11Fingers(const X11Connection& x, const X11Keyboard& keyboard);
@@ -34,6 +36,7 @@ private:
 
     const X11Connection& x_;
     const X11Keyboard& keyboard_;
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
     std::vector<xcb_keycode_t> down_;  // modifiers, in the order in which they went down
 };
 

@@ -105,6 +105,15 @@ TEST_F(X11KeysTest, AtMostTenKeysAreLentAndAllAreFreeAgain) {
     EXPECT_EQ(X11Keyboard(x).spare(), spare);
 }
 
+TEST_F(X11KeysTest, WithoutADisplayTypingIsDenied) {
+    const QByteArray display = qgetenv("DISPLAY");
+    qputenv("DISPLAY", ":no-such-display");
+    X11Keys nowhere([] {});
+    qputenv("DISPLAY", display);
+    EXPECT_EQ(nowhere.Type(ParseKeys("ab→")), SessionAnswer::Denied);
+    nowhere.WaitUntilTaken();
+}
+
 TEST_F(X11KeysTest, ModifierOfAGroupStaysDownFromKeyToKey) {
     OpenWindow();
     struct Watch : QObject {

@@ -2,6 +2,7 @@
 //
 // Texts arrive in other programs as they are, whatever the keyboard's layout.
 #include <gtest/gtest.h>
+#include <xcb/xtest.h>
 
 #include <QApplication>
 #include <QClipboard>
@@ -227,6 +228,30 @@ TEST_F(X11TypingTest, ThirdAndFourthLayoutAreTypedOnToo) {
     }
 }
 
+TEST_F(X11TypingTest, OneTextChangesNoMoreThanTwentyKeysOfTheSession) {
+    // Window managers take long over each: they open their input methods anew.
+    TypedIntoProgram program;
+    ASSERT_TRUE(program.Start(TypingProgram::Qt));
+    const auto changes = [this] {
+        int count = 0;
+        x.Sync();
+        while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(x.connection())})
+            if ((event->response_type & 0x7FU) == XCB_MAPPING_NOTIFY) ++count;
+        return count;
+    };
+    (void)changes();
+    Send("äöüßéèà“”…");
+    EXPECT_EQ(changes(), 20);
+    Send("äöüßéèà“”…");
+    EXPECT_EQ(changes(), 20);
+    Send("äöüßéèà“”…→");
+    EXPECT_EQ(changes(), 0);
+    const std::string expected = "äöüßéèà“”…äöüßéèà“”…äöüßéèà“”…→";
+    EXPECT_EQ(program.TextOnceItIs(expected), expected);
+    QLineEdit edit;
+    OpenWindow(edit);
+}
+
 TEST_F(X11TypingTest, AnyTextArrivesInOurOwnWindow) {
     QLineEdit edit;
     OpenWindow(edit);
@@ -343,6 +368,20 @@ TEST_P(ProgramThatHangs, PastesTheTextAndNothingElseWhenItGoesOn) {
     EXPECT_EQ(Send(pasted), SessionAnswer::Done);
     program.Stop(false);
     EXPECT_EQ(program.TextOnceItIs(pasted), pasted);
+}
+
+TEST_P(ProgramThatHangs, LeavesNoModifierDownThatAPersonMayHaveLetGoMeanwhile) {
+    TypedIntoProgram program;
+    ASSERT_TRUE(program.Start(GetParam()));
+    program.Stop(true);
+    const xcb_keycode_t control = X11Keyboard(x).control();
+    xcb_test_fake_input(x.connection(), XCB_KEY_PRESS, control, 0, 0, 0, 0, 0);
+    x.Sync();
+    ASSERT_EQ(X11Keyboard(x).held(), std::vector{control});
+    // So much that it is waited for.
+    const std::string typed = Utf8(RandomText(OtherScripts(), 100));
+    EXPECT_EQ(Send(typed), SessionAnswer::Done);
+    EXPECT_TRUE(X11Keyboard(x).held().empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(X11TypingTest, ProgramThatHangs,
