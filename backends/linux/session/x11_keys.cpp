@@ -48,6 +48,7 @@ SessionAnswer X11Keys::Type(Strokes strokes) {
     patience_ends_ =
         steady_clock::now() + kPatience + kPatienceForAStroke * static_cast<int>(strokes.size());
     all_taken_ = false;
+    target_ = ping_.FindTarget({});
     // Read anew each time: people change their layout while we run.
     const X11Keyboard keyboard(x_);
     const std::vector<Piece> pieces = PiecesOf(strokes, keyboard);
@@ -83,7 +84,7 @@ std::vector<X11Keys::Piece> X11Keys::PiecesOf(Strokes strokes, const X11Keyboard
     for (const KeyStroke& stroke : strokes)
         if (!keyboard.Find(stroke)) missing.push_back(SymbolOf(stroke));
     const bool lends = missing.empty() || (spare_.Suffice(missing, keyboard) &&
-                                           !X11Paste::IsSurerThanLentKeys(ping_.FindTarget()));
+                                           !X11Paste::IsSurerThanLentKeys(target_));
     if (lends) return {{strokes, Way::Typed}};
     return PiecesWithPastedRuns(strokes, keyboard);
 }
@@ -109,7 +110,7 @@ bool X11Keys::LendKeys(const std::vector<Piece>& pieces, const X11Keyboard& keyb
         if (piece.way == Way::Typed)
             typed.insert(typed.end(), piece.strokes.begin(), piece.strokes.end());
         else
-            typed.push_back(X11Paste::StrokeFor(ping_.FindTarget()));
+            typed.push_back(X11Paste::StrokeFor(target_));
     }
     std::vector<xcb_keysym_t> missing;
     for (const KeyStroke& stroke : typed)
@@ -145,7 +146,7 @@ void X11Keys::TypePiece(Strokes strokes, const X11Keyboard& keyboard, X11Fingers
 bool X11Keys::PastePiece(Strokes strokes, const X11Keyboard& keyboard, X11Fingers& fingers) {
     std::u32string text;
     for (const KeyStroke& stroke : strokes) text += std::get<char32_t>(stroke.key);
-    const X11Ping::Target target = ping_.FindTarget();
+    const X11Ping::Target target = FindTarget();
     const Time read_by = steady_clock::now() + kPatienceWithTheClipboard;
     const auto chord = ChordOf(X11Paste::StrokeFor(target), keyboard);
     if (!chord || !paste_.Offer(text, target, read_by)) return false;
@@ -162,10 +163,14 @@ bool X11Keys::PastePiece(Strokes strokes, const X11Keyboard& keyboard, X11Finger
     return Await(kQuestionsForAChunk, kForAll);
 }
 
+const X11Ping::Target& X11Keys::FindTarget() {
+    return target_ = ping_.FindTarget(target_);
+}
+
 bool X11Keys::Await(int questions, milliseconds without_answers) {
     const Time now = steady_clock::now();
     if (now >= patience_ends_) return false;
-    const X11Ping::Target target = ping_.FindTarget();
+    const X11Ping::Target target = FindTarget();
     if (!target.answers) {
         ping_.Pause(target, std::min(now + without_answers, patience_ends_));
         return true;
@@ -179,7 +184,7 @@ bool X11Keys::Await(int questions, milliseconds without_answers) {
 bool X11Keys::AwaitAll() {
     const auto without_answers = spare_.any_lent() ? kForAll + kForLentKeys : kForAll;
     if (!Await(kQuestionsForAll, without_answers)) return false;
-    all_taken_ = !wait_for_relay_ || !wait_for_relay_(ping_.FindTarget().process) ||
+    all_taken_ = !wait_for_relay_ || !wait_for_relay_(FindTarget().process) ||
                  Await(kQuestionsForAll, milliseconds(0));
     return all_taken_;
 }

@@ -57,6 +57,8 @@ private:
     /// False if the program has not fetched it.
     bool PastePiece(Strokes strokes, const X11Keyboard& keyboard, X11Fingers& fingers);
 
+    /// Who has the focus now: keys may have moved it.
+    const X11Ping::Target& FindTarget();
     /// Waits for the program with the focus; false if it was waited for in vain, now or before.
     bool Await(int questions, std::chrono::milliseconds without_answers);
     /// Waits until it has taken all; false likewise.
@@ -69,6 +71,7 @@ private:
     X11Ping ping_;
     X11SpareKeys spare_{x_};
     X11Paste paste_;
+    X11Ping::Target target_;  // who had the focus last
     Time patience_ends_;
     bool all_taken_ = true;
     int texts_ = 0;  // being typed: one in the middle of another if our own windows work meanwhile

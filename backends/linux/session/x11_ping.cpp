@@ -19,10 +19,14 @@ using std::chrono::steady_clock;
 
 constexpr milliseconds kBetweenEvents{2};  // for our own windows, whose loop must go on
 
-std::string ReadProperty(const X11Connection& x, xcb_window_t window, xcb_atom_t property,
-                         xcb_atom_t type) {
-    const auto value = Answer<xcb_get_property_reply>(
-        x, xcb_get_property(x.connection(), 0, window, property, type, 0, 64));
+/// A question of which the answer is fetched later, so that several share one wait.
+xcb_get_property_cookie_t AskForProperty(const X11Connection& x, xcb_window_t window,
+                                         xcb_atom_t property, xcb_atom_t type) {
+    return xcb_get_property(x.connection(), 0, window, property, type, 0, 64);
+}
+
+std::string BytesOf(const X11Connection& x, xcb_get_property_cookie_t cookie) {
+    const auto value = Answer<xcb_get_property_reply>(x, cookie);
     if (!value) return {};
     return {static_cast<const char*>(xcb_get_property_value(value.get())),
             static_cast<std::size_t>(xcb_get_property_value_length(value.get()))};
@@ -43,9 +47,10 @@ X11Ping::X11Ping(const X11Connection& x, std::function<void()> do_events)
       net_wm_ping_(x.Atom("_NET_WM_PING")),
       net_wm_pid_(x.Atom("_NET_WM_PID")) {}
 
-X11Ping::Target X11Ping::FindTarget() const {
+X11Ping::Target X11Ping::FindTarget(const Target& last) const {
     const auto focus = Answer<xcb_get_input_focus_reply>(x_, xcb_get_input_focus(x_.connection()));
     if (!focus) return {};
+    if (focus->focus == last.focus) return last;
     // The focus may be on a window inside the one that the window manager knows.
     xcb_window_t window = focus->focus;
     Target silent{.focus = focus->focus, .window = {}, .window_class = {}};
@@ -77,11 +82,14 @@ void X11Ping::Pause(const Target& target, Time end) const {
 }
 
 X11Ping::Target X11Ping::Describe(xcb_window_t window) const {
-    const auto protocols = Numbers(ReadProperty(x_, window, wm_protocols_, XCB_ATOM_ATOM));
-    const auto processes = Numbers(ReadProperty(x_, window, net_wm_pid_, XCB_ATOM_CARDINAL));
+    const auto ask_protocols = AskForProperty(x_, window, wm_protocols_, XCB_ATOM_ATOM);
+    const auto ask_process = AskForProperty(x_, window, net_wm_pid_, XCB_ATOM_CARDINAL);
+    const auto ask_class = AskForProperty(x_, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING);
+    const auto protocols = Numbers(BytesOf(x_, ask_protocols));
+    const auto processes = Numbers(BytesOf(x_, ask_process));
     const pid_t process = processes.empty() ? 0 : static_cast<pid_t>(processes.front());
     // Two names, each ended by a zero: of the window and of its class.
-    std::string name = ReadProperty(x_, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING);
+    std::string name = BytesOf(x_, ask_class);
     name.erase(0, name.find('\0') == std::string::npos ? name.size() : name.find('\0') + 1);
     name.resize(std::min(name.find('\0'), name.size()));
     return {.focus = window,
@@ -97,7 +105,7 @@ void X11Ping::ListenForAnswers(bool listen) const {
     const std::uint32_t mask =
         listen ? XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY : 0U;
     xcb_change_window_attributes(x_.connection(), x_.root(), XCB_CW_EVENT_MASK, &mask);
-    x_.Sync();
+    xcb_flush(x_.connection());
 }
 
 bool X11Ping::RoundTrip(const Target& target, Time end) {

@@ -29,7 +29,8 @@ public:
         pid_t process = 0;                      ///< 0 if it does not tell
         bool ours = false;
     };
-    [[nodiscard]] Target FindTarget() const;
+    /// `last` is who had it last.
+    [[nodiscard]] Target FindTarget(const Target& last) const;
 
     /// So many questions, one after the answer to the other: some programs answer the first before
     /// the keys in front of it. False if they were not all answered before `end`.
