@@ -13,6 +13,7 @@
 #include "linux/linux_runtime.h"
 #include "linux/printing/printer.h"
 #include "linux/qt_message_queue.h"
+#include "linux/session/accessibility_relay.h"
 #include "linux/session/x11_keys.h"
 #include "linux/settings/registry.h"
 #include "linux/shell/automation.h"
@@ -52,7 +53,9 @@ private:
 struct LinuxPlatform::World {
     World(int& argc, char** argv)
         : qt(argc, argv),
-          runtime(std::make_unique<X11Keys>([this] { messages.DoEvents(); })),
+          runtime(std::make_unique<X11Keys>(
+              [this] { messages.DoEvents(); },
+              [this](pid_t program) { return relay.WaitForKeysOf(program); })),
           speech(
               SpeechEngineConfig(),
               [this](std::function<void()> message) { messages.Post(std::move(message)); },
@@ -61,6 +64,7 @@ struct LinuxPlatform::World {
     QtApplication qt;
     QtMessageQueue messages;
     FileSystem files;
+    AccessibilityRelay relay{[this] { messages.DoEvents(); }};
     LinuxRuntime runtime;
     DesktopClipboard clipboard{MakeSessionClipboard()};
     QtToolkit windows{runtime.ExecutableFolder() + "/pictures"};

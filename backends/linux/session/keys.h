@@ -13,6 +13,7 @@ namespace corvane::linux_desktop {
 enum class NamedKey {
     Backspace,
     CapsLock,
+    Clear,
     Delete,
     Down,
     End,
@@ -25,6 +26,8 @@ enum class NamedKey {
     NumLock,
     PageDown,
     PageUp,
+    Pause,
+    PrintScreen,
     Right,
     ScrollLock,
     Tab,
@@ -41,6 +44,10 @@ enum class NamedKey {
     F10,
     F11,
     F12,
+    F13,
+    F14,
+    F15,
+    F16,
 };
 
 /// One key going down and up while modifiers are held. A character brings the modifiers that it
@@ -50,6 +57,7 @@ struct KeyStroke {
     bool control = false;
     bool shift = false;
     bool alt = false;
+    bool joined = false;  ///< the modifiers that the next stroke has too stay down until then
     friend bool operator==(const KeyStroke&, const KeyStroke&) = default;
 };
 
