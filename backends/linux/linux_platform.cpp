@@ -10,6 +10,7 @@
 #include "linux/display.h"
 #include "linux/files/file_system.h"
 #include "linux/linux_runtime.h"
+#include "linux/printing/printer.h"
 #include "linux/qt_message_queue.h"
 #include "linux/session/x11_keys.h"
 #include "linux/settings/registry.h"
@@ -64,6 +65,7 @@ struct LinuxPlatform::World {
     User32 user32;
     Kernel32 kernel32{runtime.ExecutableFolder()};
     Connection connection;
+    Printer printer;
     SpeechEngine speech;  // last: its thread posts to the messages
 };
 
@@ -85,7 +87,8 @@ Platform LinuxPlatform::Parts() {
             .clipboard = world_->clipboard,
             .gdi32 = world_->windows.Gdi32(),
             .kernel32 = world_->kernel32,
-            .wininet = world_->connection};
+            .wininet = world_->connection,
+            .printer = world_->printer};
 }
 
 }  // namespace corvane

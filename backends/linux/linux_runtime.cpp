@@ -62,6 +62,10 @@ MsgBoxResult LinuxRuntime::MsgBox(const std::string& prompt, MsgBoxStyle style,
     return pressed == QMessageBox::Yes ? kYes : kNo;
 }
 
+std::string LinuxRuntime::InputBox(const std::string& /*prompt*/, const std::string& /*title*/) {
+    return {};
+}
+
 void LinuxRuntime::ShowErrorReport(std::int32_t number, const std::string& text) {
     const std::string report = "Run-time error " + std::to_string(number) + ": " + text;
     std::cerr << "KT Corvane: " << report << '\n' << std::flush;

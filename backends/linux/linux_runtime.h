@@ -22,6 +22,7 @@ public:
     [[nodiscard]] DateNames LocaleDateNames() const override { return NamesOfLocale(); }
     MsgBoxResult MsgBox(const std::string& prompt, MsgBoxStyle style,
                         const std::string& title) override;
+    std::string InputBox(const std::string& prompt, const std::string& title) override;
     void ShowErrorReport(std::int32_t number, const std::string& text) override;
     [[noreturn]] void End() override;
 

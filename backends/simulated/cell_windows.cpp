@@ -56,6 +56,17 @@ public:
         shown.start = start;
         shown.length = length;
     }
+
+    void ReplaceSelection(const std::string& text) override {
+        record_.Quietly("ReplaceSelection");
+        ShownText& shown = window_->texts.at(name_);
+        shown.text = Left(shown.text, shown.start) + text +
+                     Mid(shown.text, Long(shown.start) + shown.length + 1, Len(shown.text));
+        shown.start += Len(text).rep();
+        shown.length = 0;
+    }
+
+    HWND hWnd() const override { return window_->texts.at(name_).handle; }
 };
 
 class CellRange final : public CellControl<IRangePeer> {
@@ -184,7 +195,7 @@ public:
     std::unique_ptr<ITextPeer> AddText(const ControlDescription& control,
                                        TextPeerEvents events) override {
         window_->texts[std::string(control.name)] = {std::string(control.text), 0, 0,
-                                                     std::move(events)};
+                                                     std::move(events), windows_.NewHandle()};
         return Place<CellText>(control);
     }
 
@@ -284,6 +295,11 @@ public:
         return windows_.OnFileDialog();
     }
 
+    bool AskForPrinter(std::int32_t flags) override {
+        record_.Call("AskForPrinter", std::to_string(flags));
+        return windows_.OnPrintDialog();
+    }
+
     HWND hWnd() const override { return window_->handle; }
     HICON hIcon() const override { return kIcon; }
 
@@ -328,11 +344,18 @@ std::unique_ptr<IWindowPeer> CellWindows::CreateWindow(const WindowDescription& 
     auto window = std::make_shared<ShownWindow>();
     window->description = description;
     window->border = description.border;
-    window->handle = next_handle_++;
+    window->handle = NewHandle();
     window->size = WithFrame(description.client_width, description.client_height);
     window->events = std::move(events);
     windows_[std::string(description.name)] = window;
     return std::make_unique<CellWindow>(*this, record_, queue_, gdi_, window);
+}
+
+const ShownText* CellWindows::FindText(HWND control) const {
+    for (const auto& [name, window] : windows_)
+        for (const auto& [text_name, text] : window->texts)
+            if (text.handle == control) return &text;
+    return nullptr;
 }
 
 const ShownWindow& CellWindows::Window(const std::string& window) const {

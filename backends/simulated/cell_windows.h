@@ -21,6 +21,7 @@ struct ShownText {
     std::int32_t start = 0;
     std::int32_t length = 0;
     TextPeerEvents events;
+    HWND handle = 0;
 };
 
 struct ShownList {
@@ -91,7 +92,7 @@ struct ShownWindow {
 /// A toolkit of windows in memory, and the hands of the person in front of them. The desktop's
 /// frame around a window is 60 twips wide, its title bar 285 twips high. Operations that can be
 /// told to fail: Show, ShowModal, Hide, SetFocus, SetText, SetSelection, SetPlace, AddRow, SetCell,
-/// RemoveRow, SelectRow, SetDate, AskForFile.
+/// RemoveRow, SelectRow, SetDate, AskForFile, AskForPrinter.
 class CellWindows final : public IWindowToolkit {
 public:
     /// `queue` runs while a window is modal; `gdi` draws what draws itself.
@@ -134,6 +135,11 @@ public:
     void Resize(const std::string& window, int client_width, int client_height);
     /// What a person answers when asked for a file; cancels at first.
     std::function<std::optional<std::string>()> OnFileDialog = [] { return std::nullopt; };
+    [[nodiscard]] HWND NewHandle() { return ++last_handle_; }
+    /// What a person does with the print dialog; cancels at first.
+    std::function<bool()> OnPrintDialog = [] { return false; };
+    /// The text control of that handle; nullptr if there is none in any window.
+    [[nodiscard]] const ShownText* FindText(HWND control) const;
     /// A person gives a button the focus and strikes a key of that code.
     void StrikeOn(const std::string& window, const std::string& button, std::int16_t code);
     void ClickMenu(const std::string& window, const std::string& menu);
@@ -146,7 +152,7 @@ private:
     VirtualQueue& queue_;
     SimulatedGdi& gdi_;
     std::map<std::string, std::shared_ptr<ShownWindow>> windows_;
-    HWND next_handle_ = 4001;
+    HWND last_handle_ = 4000;
 };
 
 }  // namespace corvane::simulated

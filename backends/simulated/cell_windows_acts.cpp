@@ -40,7 +40,8 @@ void CellWindows::DoubleClickBelow(const std::string& window, const std::string&
 
 void CellWindows::Erase(const std::string& window, const std::string& control) {
     ShownText& shown = windows_.at(window)->texts.at(control);
-    shown = {{}, 0, 0, shown.events};
+    shown.text.clear();
+    shown.start = shown.length = 0;
     shown.events.Edited({}, 0, 0);
 }
 

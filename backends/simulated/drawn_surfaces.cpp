@@ -90,6 +90,17 @@ bool SimulatedGdi::StretchBlt(HDC hdcDest, std::int32_t xDest, std::int32_t yDes
                              Hex(static_cast<Colour>(rop)));
 }
 
+std::int32_t SimulatedGdi::GetDeviceCaps(HDC hdc, std::int32_t index) {
+    const auto device = devices_.find(hdc);
+    if (device == devices_.end()) return 0;
+    const auto capability = device->second.find(index);
+    return capability == device->second.end() ? 0 : capability->second;
+}
+
+void SimulatedGdi::SetDeviceCaps(HDC hdc, std::map<std::int32_t, std::int32_t> capabilities) {
+    devices_[hdc] = std::move(capabilities);
+}
+
 std::unique_ptr<DrawnSurface> SimulatedGdi::CreateSurface() {
     return std::make_unique<DrawnSurface>(*this, NewHandle());
 }

@@ -55,10 +55,13 @@ public:
     bool StretchBlt(HDC hdcDest, std::int32_t xDest, std::int32_t yDest, std::int32_t wDest,
                     std::int32_t hDest, HDC hdcSrc, std::int32_t xSrc, std::int32_t ySrc,
                     std::int32_t wSrc, std::int32_t hSrc, std::uint32_t rop) override;
+    std::int32_t GetDeviceCaps(HDC hdc, std::int32_t index) override;
 
     /// A surface of its own; it must not outlive this object.
     [[nodiscard]] std::unique_ptr<DrawnSurface> CreateSurface();
     [[nodiscard]] std::uint32_t NewHandle() { return ++last_handle_; }
+    /// From now on GetDeviceCaps answers that of a context which is no surface.
+    void SetDeviceCaps(HDC hdc, std::map<std::int32_t, std::int32_t> capabilities);
 
 private:
     friend class DrawnSurface;
@@ -67,6 +70,7 @@ private:
     bool Draw(HDC hdc, const std::string& call);
 
     std::map<HDC, DrawnSurface*> surfaces_;
+    std::map<HDC, std::map<std::int32_t, std::int32_t>> devices_;
     std::uint32_t last_handle_ = 0;
 };
 

@@ -5,7 +5,7 @@ namespace corvane::simulated {
 
 Platform SimulatedDesktop::AsPlatform() {
     return {runtime, queue,  files,     windows, speech,  automation, registry,
-            tray,    user32, clipboard, gdi,     machine, machine};
+            tray,    user32, clipboard, gdi,     machine, machine,    printer};
 }
 
 void SimulatedDesktop::Drive(const std::function<void()>& act) {

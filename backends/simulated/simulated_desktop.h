@@ -11,6 +11,7 @@
 #include "simulated/memory_registry.h"
 #include "simulated/simulated_clipboard.h"
 #include "simulated/simulated_machine.h"
+#include "simulated/simulated_printer.h"
 #include "simulated/simulated_runtime.h"
 #include "simulated/simulated_shell.h"
 #include "simulated/simulated_speech.h"
@@ -32,7 +33,8 @@ public:
     SimulatedAutomation automation{record};
     MemoryRegistry registry{record};
     SimulatedTray tray{record};
-    SimulatedUser32 user32{record};
+    SimulatedPrinter printer{record, gdi};
+    SimulatedUser32 user32{record, windows, printer};
     SimulatedMachine machine{record};
 
     [[nodiscard]] Platform AsPlatform();

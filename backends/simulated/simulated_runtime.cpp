@@ -56,6 +56,11 @@ MsgBoxResult SimulatedRuntime::MsgBox(const std::string& prompt, MsgBoxStyle sty
     return style == kYesNoQuestion ? AnswerToQuestions : kOk;
 }
 
+std::string SimulatedRuntime::InputBox(const std::string& prompt, const std::string& title) {
+    record_.Call("InputBox", "\"" + prompt + "\" \"" + title + "\"");
+    return OnInputBox();
+}
+
 void SimulatedRuntime::ShowErrorReport(std::int32_t number, const std::string& text) {
     record_.Call("ShowErrorReport", std::to_string(number) + " " + text);
 }

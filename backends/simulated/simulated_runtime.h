@@ -16,7 +16,7 @@ namespace corvane::simulated {
 struct ProcessEnded {};
 
 /// Keys, programs, the date and the process itself. Operations that can be told to fail: SendKeys,
-/// Shell, ExecutableFolder, Now, MsgBox.
+/// Shell, ExecutableFolder, Now, MsgBox, InputBox.
 class SimulatedRuntime final : public ILanguageRuntime {
 public:
     /// `elapsed` tells the virtual time.
@@ -30,6 +30,7 @@ public:
     DateNames LocaleDateNames() const override { return date_names_; }
     MsgBoxResult MsgBox(const std::string& prompt, MsgBoxStyle style,
                         const std::string& title) override;
+    std::string InputBox(const std::string& prompt, const std::string& title) override;
     void ShowErrorReport(std::int32_t number, const std::string& text) override;
     [[noreturn]] void End() override;
 
@@ -37,6 +38,9 @@ public:
     std::function<void()> OnMsgBox = [] {};
     /// What a person answers to a question; any other message is acknowledged by OK.
     MsgBoxResult AnswerToQuestions = kYes;
+
+    /// What a person enters into an input box, and does while it stands there; cancels at first.
+    std::function<std::string()> OnInputBox = [] { return std::string(); };
 
     /// What else happens in the desktop's programs when keys reach them.
     std::function<void(const std::string& keys)> OnSendKeys = [](const std::string&) {};

@@ -38,7 +38,9 @@ bool SimulatedTray::Shell_NotifyIconA(std::uint32_t dwMessage, const NOTIFYICOND
     return true;
 }
 
-SimulatedUser32::SimulatedUser32(CallRecord& record) : record_(record) {}
+SimulatedUser32::SimulatedUser32(CallRecord& record, const CellWindows& windows,
+                                 SimulatedPrinter& printer)
+    : record_(record), windows_(windows), printer_(printer) {}
 
 bool SimulatedUser32::ReleaseCapture() {
     record_.Call("ReleaseCapture");
@@ -49,6 +51,16 @@ std::int32_t SimulatedUser32::SendMessageA(HWND hWnd, std::uint32_t msg, std::ui
                                            std::int32_t lParam) {
     record_.Call("SendMessageA", std::to_string(hWnd) + " " + std::to_string(msg) + " " +
                                      std::to_string(wParam) + " " + std::to_string(lParam));
+    return 0;
+}
+
+std::int32_t SimulatedUser32::SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
+                                           const FORMATRANGE* range) {
+    const ShownText* text = windows_.FindText(hWnd);
+    if (msg != EM_FORMATRANGE || text == nullptr) return 0;
+    if (range != nullptr) return printer_.FormatRange(hWnd, text->text, wParam != 0, *range);
+    record_.Call("FreeLayout");
+    printer_.FreeLayout(hWnd);
     return 0;
 }
 

@@ -10,6 +10,8 @@
 #include "platform/shell32.h"
 #include "platform/user32.h"
 #include "simulated/call_record.h"
+#include "simulated/cell_windows.h"
+#include "simulated/simulated_printer.h"
 
 namespace corvane::simulated {
 
@@ -27,14 +29,18 @@ private:
     std::vector<NOTIFYICONDATA> icons_;
 };
 
-/// The window system as it answers calls on any window.
+/// The window system as it answers calls on any window. Operations that can be told to fail:
+/// SendMessageA, FormatRange.
 class SimulatedUser32 final : public IUser32 {
 public:
-    explicit SimulatedUser32(CallRecord& record);
+    /// `printer` lays out the texts of `windows`.
+    SimulatedUser32(CallRecord& record, const CellWindows& windows, SimulatedPrinter& printer);
 
     bool ReleaseCapture() override;
     std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
                               std::int32_t lParam) override;
+    std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
+                              const FORMATRANGE* range) override;
     std::int32_t GetSysColor(std::int32_t index) override;
 
     /// Every system colour is a grey of its own at first.
@@ -42,6 +48,8 @@ public:
 
 private:
     CallRecord& record_;
+    const CellWindows& windows_;
+    SimulatedPrinter& printer_;
     std::map<std::int32_t, std::int32_t> colours_;
 };
 

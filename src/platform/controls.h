@@ -53,6 +53,7 @@ enum class ControlColours {
     System,
     WhiteOnBlack,
     MenuBackground,  ///< the system's menu colour behind the text
+    RedOnYellow,
 };
 
 inline constexpr int kNoTabStop = -1;
@@ -69,9 +70,11 @@ struct ControlDescription {
     std::string_view role = {};  ///< what it shows, in words, for people who do not see it
     /// Of a text of several lines: false if what is marked in it can be seen wherever the focus is.
     bool hide_selection = true;
-    std::string_view picture = {};  ///< of a button: stands above its caption
-    bool enabled = true;            ///< of a button, at first
-    bool checked = false;           ///< of a check box, at first
+    std::string_view picture = {};      ///< of a button: stands above its caption
+    bool enabled = true;                ///< of a button, at first
+    bool checked = false;               ///< of a check box, at first
+    std::string_view font_family = {};  ///< of a label; empty: the window's
+    bool bold = false;                  ///< of a label
 };
 
 struct MenuDescription {
@@ -122,6 +125,11 @@ public:
     virtual void SetText(const std::string& text) = 0;
     /// Marks `length` characters from `start` on (from 0), and brings the place into view.
     virtual void SetSelection(std::int32_t start, std::int32_t length) = 0;
+    /// Puts `text` in the place of what is marked, or at the caret; the caret stands behind it then
+    /// and is in view. Text beside it keeps its looks.
+    virtual void ReplaceSelection(const std::string& text) = 0;
+    /// The control by itself, for messages to it; another one than the window's.
+    [[nodiscard]] virtual HWND hWnd() const = 0;
 };
 
 class IRangePeer : public IControlPeer {
@@ -255,6 +263,13 @@ struct FileDialogRequest {
     std::int32_t flags = 0;         ///< a sum of FileDialogFlags
 };
 
+/// What is asked of the print dialog. Named after the common dialog's own numbers.
+enum PrintDialogFlags : std::int32_t {
+    kPrintSelection = 1,  ///< the selection alone is offered first; otherwise all pages are
+    kNoPageNumbers = 8,   ///< no choice of pages by number
+    kReturnDC = 256,      ///< a device context is wanted
+};
+
 struct ButtonPeerEvents {
     std::function<void()> Click;
     /// A key goes down while the button has the focus. `code` is the window system's key code of
@@ -266,6 +281,12 @@ struct ButtonPeerEvents {
 struct TextPeerEvents {
     /// A person has changed the text or the selection. Never called for what the system itself set.
     std::function<void(const std::string& text, std::int32_t start, std::int32_t length)> Edited;
+    /// The control has taken the focus from another one of the system, by a person or by SetFocus;
+    /// also when its window is shown with the focus on it. May be empty.
+    std::function<void()> GotFocus{};
+    /// Another control of the system, in this window or another, has taken the focus. Whoever turns
+    /// to another program, and back, is told neither. May be empty.
+    std::function<void()> LostFocus{};
 };
 
 /// A window of the toolkit, hidden until shown. Peers must not outlive their window.
@@ -318,6 +339,11 @@ public:
     /// it.
     [[nodiscard]] virtual std::optional<std::string> AskForFile(
         const FileDialogRequest& request) = 0;
+
+    /// Asks a person how to print, modal: messages run meanwhile. `flags` is a sum of
+    /// PrintDialogFlags. Whether the person has confirmed; the printer that was chosen is then the
+    /// one that IPrinter's next job goes to. No choice of what is printed has an effect.
+    virtual bool AskForPrinter(std::int32_t flags) = 0;
 
     [[nodiscard]] virtual HWND hWnd() const = 0;
     /// The program's icon, which every window bears.

@@ -38,6 +38,7 @@ enum ErrorNumber : std::int32_t {
     kInvalidPropertyValue = 380,
     kAutomationError = 440,  ///< an engine or another object refused the call
     kInvalidPicture = 481,
+    kPrinterError = 482,  ///< no printer, or one that fails
 };
 
 }  // namespace corvane

@@ -44,6 +44,12 @@ struct StdFont {
 
 enum FillStyle : std::int32_t { kSolidFill = 0, kTransparentFill = 1 };
 
+/// What GetDeviceCaps tells of a page: the border that can't be printed on, in the device's pixels.
+enum DeviceCapability : std::int32_t {
+    PHYSICALOFFSETX = 112,  ///< at the left
+    PHYSICALOFFSETY = 113,  ///< at the top
+};
+
 enum StretchMode : std::int32_t { HALFTONE = 4 };
 
 enum RasterOperation : std::uint32_t { SRCCOPY = 0x00CC0020 };
@@ -83,6 +89,10 @@ public:
     virtual bool StretchBlt(HDC hdcDest, std::int32_t xDest, std::int32_t yDest, std::int32_t wDest,
                             std::int32_t hDest, HDC hdcSrc, std::int32_t xSrc, std::int32_t ySrc,
                             std::int32_t wSrc, std::int32_t hSrc, std::uint32_t rop) = 0;
+
+    /// A DeviceCapability of that context; 0 for any other index, for a surface on the screen and
+    /// when there is no such context.
+    [[nodiscard]] virtual std::int32_t GetDeviceCaps(HDC hdc, std::int32_t index) = 0;
 };
 
 }  // namespace corvane

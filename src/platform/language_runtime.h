@@ -75,6 +75,11 @@ public:
     virtual MsgBoxResult MsgBox(const std::string& prompt, MsgBoxStyle style,
                                 const std::string& title) = 0;
 
+    /// Asks a person for one line of text, modal: messages run meanwhile. What was entered, empty
+    /// when the person cancels or closes the box.
+    [[nodiscard]] virtual std::string InputBox(const std::string& prompt,
+                                               const std::string& title) = 0;
+
     /// Shows the report of an error that no handler has trapped; returns when it was acknowledged.
     virtual void ShowErrorReport(std::int32_t number, const std::string& text) = 0;
 

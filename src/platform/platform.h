@@ -11,6 +11,7 @@ class IGdi32;
 class IKernel32;
 class ILanguageRuntime;
 class IMessageQueue;
+class IPrinter;
 class IShell32;
 class ISpeechApi;
 class IUser32;
@@ -32,6 +33,7 @@ struct Platform {
     IGdi32& gdi32;
     IKernel32& kernel32;
     IWinInet& wininet;
+    IPrinter& printer;
 };
 
 }  // namespace corvane

@@ -97,6 +97,7 @@ public:
     bool StretchBlt(HDC hdcDest, std::int32_t xDest, std::int32_t yDest, std::int32_t wDest,
                     std::int32_t hDest, HDC hdcSrc, std::int32_t xSrc, std::int32_t ySrc,
                     std::int32_t wSrc, std::int32_t hSrc, std::uint32_t rop) override;
+    std::int32_t GetDeviceCaps(HDC hdc, std::int32_t index) override;
 
 private:
     friend class Canvas;

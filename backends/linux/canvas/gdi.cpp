@@ -113,4 +113,8 @@ bool Gdi::StretchBlt(HDC hdcDest, std::int32_t xDest, std::int32_t yDest, std::i
     return true;
 }
 
+std::int32_t Gdi::GetDeviceCaps(HDC /*hdc*/, std::int32_t /*index*/) {
+    return 0;
+}
+
 }  // namespace corvane::linux_desktop

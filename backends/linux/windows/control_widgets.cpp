@@ -152,6 +152,10 @@ void SetColours(QWidget& widget, ControlColours colours) {
     if (colours == ControlColours::WhiteOnBlack) {
         palette.setColor(QPalette::Base, Qt::black);
         palette.setColor(QPalette::Text, Qt::white);
+    } else if (colours == ControlColours::RedOnYellow) {
+        palette.setColor(QPalette::Window, Qt::yellow);
+        palette.setColor(QPalette::WindowText, Qt::red);
+        widget.setAutoFillBackground(true);
     } else {
         const QPalette menu = QApplication::palette("QMenu");
         palette.setColor(QPalette::Base, menu.color(QPalette::Window));

@@ -148,6 +148,10 @@ std::optional<std::string> QtWindow::AskForFile(const FileDialogRequest& request
     return ChooseFile(request, frame_.get());
 }
 
+bool QtWindow::AskForPrinter(std::int32_t /*flags*/) {
+    return false;
+}
+
 HWND QtWindow::hWnd() const {
     return static_cast<HWND>(frame_->winId());
 }

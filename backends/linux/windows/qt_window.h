@@ -53,6 +53,7 @@ public:
     void SetBorderStyle(BorderStyle style) override;
     [[nodiscard]] WindowSize Size() const override;
     [[nodiscard]] std::optional<std::string> AskForFile(const FileDialogRequest& request) override;
+    bool AskForPrinter(std::int32_t flags) override;
     [[nodiscard]] HWND hWnd() const override;
     [[nodiscard]] HICON hIcon() const override;
 

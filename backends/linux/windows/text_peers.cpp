@@ -8,6 +8,7 @@
 #include <QTextEdit>
 #include <algorithm>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 #include "linux/shown_text.h"
@@ -107,6 +108,18 @@ public:
         start_ = start;
         length_ = length;
     }
+
+    void ReplaceSelection(const std::string& text) override {
+        if (!editor_) return;
+        const QSignalBlocker quiet(*editor_);
+        if constexpr (std::is_same_v<Editor, QLineEdit>)
+            editor_->insert(ControlText(text));
+        else
+            editor_->textCursor().insertText(ControlText(text));
+        Know(StateOf(*editor_));
+    }
+
+    [[nodiscard]] HWND hWnd() const override { return 0; }
 
 private:
     void Know(const TextState& state) {

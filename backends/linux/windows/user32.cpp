@@ -31,6 +31,11 @@ std::int32_t User32::SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wP
     return 0;
 }
 
+std::int32_t User32::SendMessageA(HWND /*hWnd*/, std::uint32_t /*msg*/, std::uint32_t /*wParam*/,
+                                  const FORMATRANGE* /*range*/) {
+    return 0;
+}
+
 std::int32_t User32::GetSysColor(std::int32_t index) {
     return SystemColour(index);
 }

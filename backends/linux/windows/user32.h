@@ -11,6 +11,8 @@ public:
     bool ReleaseCapture() override;
     std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
                               std::int32_t lParam) override;
+    std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
+                              const FORMATRANGE* range) override;
     std::int32_t GetSysColor(std::int32_t index) override;
 };
 
