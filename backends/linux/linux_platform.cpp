@@ -62,10 +62,10 @@ struct LinuxPlatform::World {
     Automation automation;
     Registry registry{Registry::FileOfPerson()};
     Tray tray;
-    User32 user32;
+    User32 user32{windows.Controls(), windows.Gdi32()};
     Kernel32 kernel32{runtime.ExecutableFolder()};
     Connection connection;
-    Printer printer;
+    Printer printer{windows.Gdi32(), windows.ChosenPrinter()};
     SpeechEngine speech;  // last: its thread posts to the messages
 };
 
