@@ -268,6 +268,7 @@ public:
         record_.Call("Show", Name());
         window_->visible = true;
         if (window_->focus.empty()) window_->focus = FirstInTabOrder(*window_);
+        windows_.Activate(window_);
     }
 
     void ShowModal() override {
@@ -328,8 +329,18 @@ CellWindows::CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& 
 
 void ShownWindow::MoveFocus(const std::string& control) {
     const std::string before = std::exchange(focus, control);
+    if (before == control) return;
     const auto list = list_views.find(before);
-    if (list != list_views.end() && before != control) list->second.events.LostFocus();
+    if (list != list_views.end()) list->second.events.LostFocus();
+    TellText(before, &TextPeerEvents::LostFocus);
+    TellText(control, &TextPeerEvents::GotFocus);
+}
+
+void ShownWindow::TellText(const std::string& control,
+                           std::function<void()> TextPeerEvents::*event) {
+    const auto text = texts.find(control);
+    if (text == texts.end()) return;
+    if (const auto tell = text->second.events.*event) tell();
 }
 
 WindowSize CellWindows::WithFrame(int client_width, int client_height) {
@@ -349,6 +360,13 @@ std::unique_ptr<IWindowPeer> CellWindows::CreateWindow(const WindowDescription& 
     window->events = std::move(events);
     windows_[std::string(description.name)] = window;
     return std::make_unique<CellWindow>(*this, record_, queue_, gdi_, window);
+}
+
+void CellWindows::Activate(const std::shared_ptr<ShownWindow>& window) {
+    const auto before = std::exchange(active_, window).lock();
+    if (before == window) return;
+    if (before && before->visible) before->TellText(before->focus, &TextPeerEvents::LostFocus);
+    window->TellText(window->focus, &TextPeerEvents::GotFocus);
 }
 
 const ShownText* CellWindows::FindText(HWND control) const {

@@ -65,6 +65,8 @@ struct ShownWindow {
     using ByName = std::map<std::string, Shown, std::less<>>;
 
     void MoveFocus(const std::string& control);
+    /// Raises that event of the control, if it is a text.
+    void TellText(const std::string& control, std::function<void()> TextPeerEvents::*event);
 
     bool visible = false;
     bool modal = false;
@@ -127,6 +129,8 @@ public:
     void DoubleClickRow(const std::string& window, const std::string& list, std::int32_t row);
     /// A person moves the selection with the arrow keys.
     void MoveToRow(const std::string& window, const std::string& list, std::int32_t row);
+    /// A window takes the front, and its control the focus.
+    void Activate(const std::shared_ptr<ShownWindow>& window);
     /// A person gives a control of the window the focus.
     void Focus(const std::string& window, const std::string& control);
     /// A person chooses a day, month or year on a calendar.
@@ -152,6 +156,7 @@ private:
     VirtualQueue& queue_;
     SimulatedGdi& gdi_;
     std::map<std::string, std::shared_ptr<ShownWindow>> windows_;
+    std::weak_ptr<ShownWindow> active_;
     HWND last_handle_ = 4000;
 };
 

@@ -89,6 +89,7 @@ void CellWindows::MoveToRow(const std::string& window, const std::string& list, 
 }
 
 void CellWindows::Focus(const std::string& window, const std::string& control) {
+    Activate(windows_.at(window));
     windows_.at(window)->MoveFocus(control);
 }
 

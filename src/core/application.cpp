@@ -20,6 +20,11 @@ Application::Application(const Platform& platform)
       form2_([this] { return CreateForm2(); }),
       form3_([this] { return CreateForm3(); }),
       form4_([this] { return CreateForm4(); }),
+      form5_([this] { return CreateForm5(); }),
+      printer_(platform.printer, platform.gdi32, platform.user32),
+      pad_log_(form5_),
+      training_(recogniser_, platform.runtime, form5_),
+      dictation_(platform.runtime, paths_, recogniser_, form2_, form5_, pad_log_, training_),
       speaker_(voice_, form2_, platform.runtime, platform.clipboard),
       voice_feedback_(voice_, form2_),
       command_help_(form2_, [this](const std::string& sentence) { speaker_.Speak(sentence); }),
@@ -30,8 +35,8 @@ Application::Application(const Platform& platform)
       system_(platform.kernel32, loop_),
       status_monitor_(platform.runtime, platform.kernel32, platform.wininet, system_, form2_),
       dispatch_(platform.runtime, paths_, recogniser_, voice_, speaker_, launcher_, form2_, tray_,
-                log_, keywords_, form1_, form3_),
-      feedback_(recogniser_, form2_, log_),
+                log_, keywords_, form1_, form3_, dictation_),
+      feedback_(recogniser_, form2_, log_, pad_log_),
       startup_(loop_, platform.runtime, platform.speech, paths_, keywords_, recogniser_, voice_,
                speaker_, form2_, form4_) {
     BindRecogniser();
@@ -77,6 +82,15 @@ std::shared_ptr<Form3> Application::CreateForm3() {
 std::shared_ptr<Form4> Application::CreateForm4() {
     auto form = std::make_shared<Form4>(platform_.windows, loop_);
     form->Timer1.Tick = [this] { startup_.Form4_Timer1_Timer(); };
+    return form;
+}
+
+std::shared_ptr<Form5> Application::CreateForm5() {
+    auto form = std::make_shared<Form5>(platform_.windows, loop_, printer_, PadActive_);
+    // Closed in any way, the pad gives the recogniser back to the commands.
+    form->Unload = [this] { recogniser_.init_rec(paths_.KeywordsXmlPath); };
+    form->Command1.Click = [this] { training_.train(training_.AskForSentence()); };
+    form->Closed = [this] { form5_.LetGo(); };
     return form;
 }
 

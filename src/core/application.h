@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "calendar/form3.h"
+#include "core/dictation_mode.h"
 #include "core/recogniser.h"
 #include "core/recognition_dispatch.h"
 #include "core/recognition_feedback.h"
@@ -12,6 +13,10 @@
 #include "desktop/keyword_launcher.h"
 #include "desktop/status_monitor.h"
 #include "desktop/system_commands.h"
+#include "dictation/form5.h"
+#include "dictation/pad_log.h"
+#include "dictation/rich_text_printer.h"
+#include "dictation/training.h"
 #include "grammar/command_grammar.h"
 #include "grammar/data_paths.h"
 #include "grammar/form1.h"
@@ -45,6 +50,7 @@ private:
     [[nodiscard]] std::shared_ptr<Form2> CreateForm2();
     [[nodiscard]] std::shared_ptr<Form3> CreateForm3();
     [[nodiscard]] std::shared_ptr<Form4> CreateForm4();
+    [[nodiscard]] std::shared_ptr<Form5> CreateForm5();
     void BindRecogniser();
     void BindVoice();
 
@@ -59,6 +65,12 @@ private:
     forms::Lazy<Form2> form2_;
     forms::Lazy<Form3> form3_;
     forms::Lazy<Form4> form4_;
+    forms::Lazy<Form5> form5_;
+    bool PadActive_ = false;
+    RichTextPrinter printer_;
+    PadLog pad_log_;
+    Training training_;
+    DictationMode dictation_;
     Speaker speaker_;
     VoiceFeedback voice_feedback_;
     CommandHelp command_help_;

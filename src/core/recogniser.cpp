@@ -40,13 +40,33 @@ void Recogniser::init_rec(const std::string& myxfile) {
     step([&] { DictationActive = false; });
 }
 
+void Recogniser::StartDictation() {
+    Grammar_->CmdSetRuleIdState(0, SGDSInactive);
+    Grammar_->DictationLoad("", SLOStatic);
+    Grammar_->DictationSetState(SGDSActive);
+}
+
+void Recogniser::DictationUnload() {
+    Grammar_->DictationUnload();
+}
+
+void Recogniser::ReleaseRecognizer() {
+    Grammar_ = {};
+    Disconnect();
+    rc_ = {};
+}
+
 void Recogniser::RestoreInterests() {
     rc_->SetEventInterests(kInterests);
 }
 
-void Recogniser::ReplaceContext(std::shared_ptr<ISpeechRecoContext> context) {
-    // The former context may still have events in the queue; they must not reach the handlers.
+// A context that is let go of may still have events in the queue; they must not reach the handlers.
+void Recogniser::Disconnect() {
     if (!rc_.empty()) rc_->Advise({});
+}
+
+void Recogniser::ReplaceContext(std::shared_ptr<ISpeechRecoContext> context) {
+    Disconnect();
     rc_ = std::move(context);
     rc_->Advise(Events);
 }

@@ -29,10 +29,22 @@ public:
     /// with a file that can't be loaded the system is awake and hears no command.
     void init_rec(const std::string& myxfile);
 
+    /// Listens for free text from now on in place of the commands. Raises without a context, and
+    /// when the engine refuses; nothing is put back then.
+    void StartDictation();
+    /// Drops the dictation. Raises when there is none.
+    void DictationUnload();
+    /// Lets go of the grammar and then of the context; nothing is heard until the next init_rec.
+    void ReleaseRecognizer();
+
+    /// The context in use; its use between ReleaseRecognizer and init_rec raises.
+    [[nodiscard]] const Nullable<ISpeechRecoContext>& rc() const { return rc_; }
+
     /// Asks for the events of every day again, after more were asked for. Raises without a context.
     void RestoreInterests();
 
 private:
+    void Disconnect();
     void ReplaceContext(std::shared_ptr<ISpeechRecoContext> context);
 
     ISpeechApi& speech_;

@@ -35,6 +35,8 @@ struct RuleTable {
     }
 
     static constexpr std::array kRows = std::to_array<Row>({
+        {"dictation notepad", [](auto& self, auto& step) { self.dictation_.StartInPad(step); }},
+        {"dictate", [](auto& self, auto& step) { self.dictation_.StartInFocusedWindow(step); }},
         {"hide corvane", [](auto& self, auto& step) { step([&] { self.tray_.HideToTray(); }); }},
         {"show corvane", [](auto& self, auto& step) { step([&] { self.tray_.ShowFromTray(); }); }},
         {"copy", [](auto& self, auto& step) { Type(self, step, "^c"); }},
@@ -81,7 +83,7 @@ RecognitionDispatch::RecognitionDispatch(ILanguageRuntime& runtime, const DataPa
                                          forms::Lazy<Form2>& main_window, TrayIcon& tray,
                                          TextLog& log, KeywordStore& keywords,
                                          forms::Lazy<Form1>& add_programs,
-                                         forms::Lazy<Form3>& calendar)
+                                         forms::Lazy<Form3>& calendar, DictationMode& dictation)
     : runtime_(runtime),
       paths_(paths),
       recogniser_(recogniser),
@@ -93,7 +95,8 @@ RecognitionDispatch::RecognitionDispatch(ILanguageRuntime& runtime, const DataPa
       log_(log),
       keywords_(keywords),
       add_programs_(add_programs),
-      calendar_(calendar) {}
+      calendar_(calendar),
+      dictation_(dictation) {}
 
 void RecognitionDispatch::RC_Recognition(Long StreamNumber, const Variant& StreamPosition,
                                          Long /*RecognitionType*/, ISpeechRecoResult& Result) {
@@ -102,6 +105,12 @@ void RecognitionDispatch::RC_Recognition(Long StreamNumber, const Variant& Strea
     std::string RuleName;
     step([&] { PhraseText = Result.PhraseInfo()->GetText(0, -1, true); });
     step([&] { RuleName = Result.PhraseInfo()->Rule()->Name(); });
+
+    // While dictating neither rule nor confidence nor keywords count.
+    if (recogniser_.DictationActive)
+        return dictation_.HandlePhrase(step, PhraseText, [&] {
+            return ResultLine(StreamNumber, StreamPosition, "Recognition", Result);
+        });
 
     // Only high confidence passes; one that can't be read counts as too low.
     if (step.test([&] { return Result.PhraseInfo()->Rule()->Confidence() < SECHighConfidence; })) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "calendar/form3.h"
+#include "core/dictation_mode.h"
 #include "core/recogniser.h"
 #include "core/text_log.h"
 #include "desktop/keyword_launcher.h"
@@ -28,7 +29,8 @@ public:
                         Nullable<ISpeechVoice>& voice, Speaker& speaker,
                         const KeywordLauncher& launcher, forms::Lazy<Form2>& main_window,
                         TrayIcon& tray, TextLog& log, KeywordStore& keywords,
-                        forms::Lazy<Form1>& add_programs, forms::Lazy<Form3>& calendar);
+                        forms::Lazy<Form1>& add_programs, forms::Lazy<Form3>& calendar,
+                        DictationMode& dictation);
 
     /// The handler of the recogniser's final event. It never raises.
     void RC_Recognition(Long StreamNumber, const Variant& StreamPosition, Long RecognitionType,
@@ -49,6 +51,7 @@ private:
     KeywordStore& keywords_;
     forms::Lazy<Form1>& add_programs_;
     forms::Lazy<Form3>& calendar_;
+    DictationMode& dictation_;
 };
 
 }  // namespace corvane

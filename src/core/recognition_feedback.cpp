@@ -30,8 +30,8 @@ constexpr auto kInterference = std::to_array<InterferenceMessage>({
 }  // namespace
 
 RecognitionFeedback::RecognitionFeedback(Recogniser& recogniser, forms::Lazy<Form2>& main_window,
-                                         TextLog& log)
-    : recogniser_(recogniser), main_window_(main_window), log_(log) {}
+                                         TextLog& log, PadLog& pad_log)
+    : recogniser_(recogniser), main_window_(main_window), log_(log), pad_log_(pad_log) {}
 
 void RecognitionFeedback::rc_Adaptation(Long /*StreamNumber*/, const Variant& /*StreamPosition*/) {
     recogniser_.RestoreInterests();
@@ -48,6 +48,7 @@ void RecognitionFeedback::RC_Hypothesis(Long StreamNumber, const Variant& Stream
     const auto line = [&](std::string_view suffix) {
         return ResultLine(StreamNumber, StreamPosition, "Hypothesis", Result, suffix);
     };
+    if (recogniser_.DictationActive) pad_log_.Append(line(""));
     if (recogniser_.HypothesisTrace) log_.Append(line(""));
     if (recogniser_.DictationActive || recogniser_.HypothesisTrace) return;
 

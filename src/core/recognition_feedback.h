@@ -3,6 +3,7 @@
 
 #include "core/recogniser.h"
 #include "core/text_log.h"
+#include "dictation/pad_log.h"
 #include "platform/speech_api.h"
 #include "runtime/forms/form.h"
 #include "runtime/numbers.h"
@@ -14,7 +15,8 @@ namespace corvane {
 /// None of these handlers passes over an error.
 class RecognitionFeedback {
 public:
-    RecognitionFeedback(Recogniser& recogniser, forms::Lazy<Form2>& main_window, TextLog& log);
+    RecognitionFeedback(Recogniser& recogniser, forms::Lazy<Form2>& main_window, TextLog& log,
+                        PadLog& pad_log);
 
     void rc_Adaptation(Long StreamNumber, const Variant& StreamPosition);
     /// A level outside 0 to 100 does not fit the bar, which raises.
@@ -26,6 +28,7 @@ private:
     Recogniser& recogniser_;
     forms::Lazy<Form2>& main_window_;
     TextLog& log_;
+    PadLog& pad_log_;
 };
 
 }  // namespace corvane

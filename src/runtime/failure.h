@@ -33,6 +33,16 @@ public:
     }
 };
 
+/// The regime in which an error abandons the body and jumps to a handler; nothing runs again.
+template <class Body, class Handler>
+void on_error(Body&& body, Handler&& handler) {
+    try {
+        body();
+    } catch (const RuntimeError& error) {
+        handler(error);
+    }
+}
+
 /// The regime in which an error jumps to a handler behind which the failing statement runs again.
 /// It ends only when the statement succeeds, or when the handler raises or ends the process.
 template <class Statement, class Handler>

@@ -126,6 +126,10 @@ void CommonDialog::ShowOpen() {
     if (chosen) FileName = *chosen;
 }
 
+void CommonDialog::ShowPrinter() {
+    form_.window().AskForPrinter(Flags.rep());
+}
+
 Menu::Menu(Form& form, const MenuDescription& description) {
     form.window().AddMenu(description, [this, &form] {
         form.Enter([this] {

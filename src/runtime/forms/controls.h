@@ -117,7 +117,7 @@ private:
     std::unique_ptr<ICheckBoxPeer> peer_;
 };
 
-/// The question for a file. Its properties are kept from one showing to the next.
+/// The question for a file, or how to print. Its properties are kept from one showing to the next.
 class CommonDialog {
 public:
     CommonDialog(Form& form, std::string_view name);
@@ -130,6 +130,9 @@ public:
 
     /// Asks; when the person cancels, FileName stays as it is.
     void ShowOpen();
+
+    /// Asks how to print, as Flags say; what the person answers is not kept.
+    void ShowPrinter();
 
 private:
     Form& form_;

@@ -45,6 +45,7 @@ void Form::SetBorderStyle(BorderStyle style) {
 }
 
 void Form::Close() {
+    const auto alive = shared_from_this();
     if (const auto handler = Unload) handler();
     window_->Hide();
     if (const auto handler = Closed) handler();

@@ -16,6 +16,16 @@ TextBox::TextBox(Form& form, std::string_view name)
                                   std::int32_t length) {
         form.Enter([&] { TakeEdit(text, start, length); });
     };
+    events.GotFocus = [this, &form] {
+        form.Enter([this] {
+            if (const auto handler = GotFocus) handler();
+        });
+    };
+    events.LostFocus = [this, &form] {
+        form.Enter([this] {
+            if (const auto handler = LostFocus) handler();
+        });
+    };
     peer_ = form.window().AddText(form.Describe(name), std::move(events));
 }
 
@@ -43,6 +53,16 @@ void TextBox::SetSelLength(Long length) {
     if (length < 0) throw RuntimeError(kInvalidPropertyValue, "Invalid property value");
     sel_length_ = std::min(length, Len(text_) - sel_start_);
     peer_->SetSelection(sel_start_.rep(), sel_length_.rep());
+}
+
+void TextBox::SetSelText(const std::string& text) {
+    const std::string before =
+        std::exchange(text_, Left(text_, sel_start_) + text +
+                                 Mid(text_, sel_start_ + sel_length_ + 1, Len(text_)));
+    sel_start_ += Len(text);
+    sel_length_ = 0;
+    peer_->ReplaceSelection(text);
+    if (text_ != before) RaiseChange();
 }
 
 void TextBox::TakeEdit(const std::string& text, Long start, Long length) {

@@ -23,6 +23,9 @@ public:
 
     /// Raised when the text has become another one, by the system or by a person.
     std::function<void()> Change;
+    /// The control takes the focus from another one of the system, or loses it to one.
+    std::function<void()> GotFocus;
+    std::function<void()> LostFocus;
 
     [[nodiscard]] const std::string& Text() const { return text_; }
     /// The caret moves to the start.
@@ -38,6 +41,12 @@ public:
     /// Marks that many characters from SelStart on, or as many as there are; a negative number
     /// raises kInvalidPropertyValue.
     void SetSelLength(Long length);
+
+    /// Puts a text in the place of what is marked, or at the caret, which stands behind it then.
+    void SetSelText(const std::string& text);
+
+    /// The control by itself, for messages to it.
+    [[nodiscard]] HWND hWnd() const { return peer_->hWnd(); }
 
     /// Whether what is marked need not be seen while the focus is elsewhere.
     [[nodiscard]] bool HideSelection() const { return hide_selection_; }
