@@ -298,7 +298,9 @@ public:
 
     bool AskForPrinter(std::int32_t flags) override {
         record_.Call("AskForPrinter", std::to_string(flags));
-        return windows_.OnPrintDialog();
+        // A copy: the person may do something else the next time.
+        const auto answer = windows_.OnPrintDialog;
+        return answer();
     }
 
     HWND hWnd() const override { return window_->handle; }

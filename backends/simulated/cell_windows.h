@@ -109,6 +109,10 @@ public:
 
     /// A person puts the caret at the end of a text control and types.
     void Type(const std::string& window, const std::string& control, const std::string& text);
+    /// A person marks `length` characters from `start` on in a text control, or puts the caret
+    /// there.
+    void Mark(const std::string& window, const std::string& control, std::int32_t start,
+              std::int32_t length);
     /// A person changes the text of a text control to another one; the caret stands behind it.
     void Retype(const std::string& window, const std::string& control, const std::string& text);
     /// A person double-clicks an item of a list, which selects it.

@@ -24,6 +24,14 @@ void CellWindows::Retype(const std::string& window, const std::string& control,
     shown.events.Edited(shown.text, shown.start, shown.length);
 }
 
+void CellWindows::Mark(const std::string& window, const std::string& control, std::int32_t start,
+                       std::int32_t length) {
+    ShownText& shown = windows_.at(window)->texts.at(control);
+    shown.start = start;
+    shown.length = length;
+    shown.events.Edited(shown.text, shown.start, shown.length);
+}
+
 void CellWindows::DoubleClick(const std::string& window, const std::string& list,
                               const std::string& item) {
     ShownList& shown = windows_.at(window)->lists.at(list);

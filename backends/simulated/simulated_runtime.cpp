@@ -58,7 +58,8 @@ MsgBoxResult SimulatedRuntime::MsgBox(const std::string& prompt, MsgBoxStyle sty
 
 std::string SimulatedRuntime::InputBox(const std::string& prompt, const std::string& title) {
     record_.Call("InputBox", "\"" + prompt + "\" \"" + title + "\"");
-    return OnInputBox();
+    const auto answer = OnInputBox;  // a copy: the person may do something else the next time
+    return answer();
 }
 
 void SimulatedRuntime::ShowErrorReport(std::int32_t number, const std::string& text) {

@@ -42,6 +42,10 @@ void OpenCalendar(Desk& desk) {
     desk.Hear("calendar");
 }
 
+void OpenPad(Desk& desk) {
+    desk.Hear("dictation pad");
+}
+
 const Guard kGuards[] = {
     {"init_rec", "CmdLoadFromFile", [](Desk& desk) { desk.Hear("disable"); }, Effect::PassedOver},
     {"RC_Recognition", "SendKeys", [](Desk& desk) { desk.Hear("copy"); }, Effect::PassedOver},
@@ -148,6 +152,26 @@ const Guard kGuards[] = {
      [](Desk& desk) { desk.Hear("calendar"); }, Effect::PassedOver},
     {"RC2_Recognition", "SetDate", [](Desk& desk) { desk.Hear("March"); }, Effect::PassedOver,
      OpenCalendar},
+    {"RC_Recognition, dictated text", "ReplaceSelection", [](Desk& desk) { desk.Hear("words"); },
+     Effect::PassedOver, OpenPad},
+    {"RC_Recognition, training", "DisplayUI", [](Desk& desk) { desk.Hear("train that"); },
+     Effect::PassedOver, OpenPad},
+    {"RC_Recognition, printing", "AskForPrinter", [](Desk& desk) { desk.Hear("print page"); },
+     Effect::PassedOver, OpenPad},
+    {"PrintRichText", "Printer.Print", [](Desk& desk) { desk.Hear("print page"); },
+     Effect::PassedOver, OpenPad},
+    {"RC_Hypothesis, dictating", "SetText",
+     [](Desk& desk) {
+         desk.desktop.speech.Guess("words", "", SECHighConfidence);
+         desk.desktop.RunFor({});
+     },
+     Effect::EndsTheProcess, OpenPad},
+    {"Train Profile, the question", "InputBox",
+     [](Desk& desk) { ClickButton(desk, "Command1", "Form5"); }, Effect::EndsTheProcess, OpenPad},
+    {"Train Profile", "DisplayUI", [](Desk& desk) { ClickButton(desk, "Command1", "Form5"); },
+     Effect::EndsTheProcess, OpenPad},
+    {"Form5's unload", "CreateSpSharedRecoContext",
+     [](Desk& desk) { ClickButton(desk, "Command2", "Form5"); }, Effect::PassedOver, OpenPad},
     {"Form3's resize", "SetPlace",
      [](Desk& desk) {
          desk.desktop.Drive([&] { desk.desktop.windows.Resize("Form3", 5000, 5000); });

@@ -6,6 +6,7 @@
 #include "simulated/simulated_context.h"
 #include "simulated/simulated_desktop.h"
 #include "support/desk.h"
+#include "support/expect_error.h"
 
 namespace corvane {
 namespace {
@@ -172,6 +173,55 @@ TEST_F(RecogniserTest, AContextThatCannotBeReplacedKeepsTheOldOneAndLoadsIntoIt)
     recogniser.init_rec("/other.xml");
     EXPECT_TRUE(Say("third"));
     EXPECT_EQ(heard, "third;");
+}
+
+TEST_F(RecogniserTest, DictationTakesThePlaceOfTheCommands) {
+    recogniser.init_rec("/commands.xml");
+    desktop.record.Clear();
+    recogniser.StartDictation();
+    EXPECT_EQ(desktop.record.Transcript(),
+              "CmdSetRuleIdState 0 0\nDictationLoad \"\" 0\nDictationSetState 1\n");
+    Say("first");
+    Say("anything else");
+    EXPECT_EQ(heard, "first;anything else;");
+}
+
+TEST_F(RecogniserTest, AStartOfDictationThatFailsIsAbandonedWhereItIs) {
+    recogniser.init_rec("/commands.xml");
+    desktop.record.Clear();
+    desktop.record.Fail("DictationLoad", kAutomationError);
+    EXPECT_ERROR(kAutomationError, (recogniser.StartDictation(), 0));
+    EXPECT_EQ(desktop.record.Transcript(), "CmdSetRuleIdState 0 0\nDictationLoad \"\" 0\n");
+    EXPECT_FALSE(Say("first"));
+}
+
+TEST_F(RecogniserTest, WithoutAContextThereIsNoDictationToStartOrToEnd) {
+    EXPECT_ERROR(kObjectNotSet, (recogniser.StartDictation(), 0));
+    EXPECT_ERROR(kObjectNotSet, (recogniser.DictationUnload(), 0));
+    EXPECT_ERROR(kObjectNotSet, recogniser.rc()->Recognizer());
+}
+
+TEST_F(RecogniserTest, AReleasedRecogniserHearsNothingUntilTheNextInitRec) {
+    recogniser.init_rec("/commands.xml");
+    desktop.speech.Say("first");
+    recogniser.ReleaseRecognizer();
+    desktop.RunFor({});
+    EXPECT_EQ(heard, "");
+    EXPECT_TRUE(desktop.speech.Contexts().empty());
+    EXPECT_ERROR(kObjectNotSet, (recogniser.DictationUnload(), 0));
+    recogniser.ReleaseRecognizer();
+    recogniser.init_rec("/commands.xml");
+    EXPECT_TRUE(Say("first"));
+    EXPECT_EQ(heard, "first;");
+}
+
+TEST_F(RecogniserTest, AReleasedContextIsSilentEvenWhileSomebodyHoldsIt) {
+    recogniser.init_rec("/commands.xml");
+    const auto held = desktop.speech.Contexts();
+    desktop.speech.Say("first");
+    recogniser.ReleaseRecognizer();
+    desktop.RunFor({});
+    EXPECT_EQ(heard, "");
 }
 
 TEST_F(RecogniserTest, ARuleThatCannotBeFetchedStopsNeitherTheWalkNorTheRest) {

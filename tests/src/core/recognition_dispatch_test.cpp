@@ -324,8 +324,16 @@ protected:
     }};
     forms::Lazy<Form3> form3{
         [this] { return std::make_shared<Form3>(desktop.windows, loop, desktop.speech); }};
-    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice,    speaker, launcher,
-                                 form2,           tray,  log,        keywords, form1,   form3};
+    RichTextPrinter printer{desktop.printer, desktop.gdi, desktop.user32};
+    bool PadActive = false;
+    forms::Lazy<Form5> form5{
+        [this] { return std::make_shared<Form5>(desktop.windows, loop, printer, PadActive); }};
+    PadLog pad_log{form5};
+    Training training{recogniser, desktop.runtime, form5};
+    DictationMode dictation{desktop.runtime, paths, recogniser, form2, form5, pad_log, training};
+    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice, speaker,
+                                 launcher,        form2, tray,       log,   keywords,
+                                 form1,           form3, dictation};
 };
 
 TEST_F(DispatchWithVoice, AnAcceptedCommandEndsTheMarkingOfWords) {

@@ -144,12 +144,25 @@ TEST(HypothesisTrace, WhileItIsOnEveryHypothesisIsAPlainLine) {
                                        desktop.user32);
     });
     TextLog log(form2);
-    RecognitionFeedback feedback(recogniser, form2, log);
+    RichTextPrinter printer(desktop.printer, desktop.gdi, desktop.user32);
+    bool PadActive = false;
+    forms::Lazy<Form5> form5(
+        [&] { return std::make_shared<Form5>(desktop.windows, loop, printer, PadActive); });
+    PadLog pad_log(form5);
+    RecognitionFeedback feedback(recogniser, form2, log, pad_log);
     recogniser.HypothesisTrace = true;
     const auto result = simulated::MakeResult(desktop.record, "what", "the time", SECLowConfidence);
     feedback.RC_Hypothesis(1, std::int64_t{32}, *result);
     EXPECT_EQ(form2->Text1.Text(), "1, 32, Hypothesis,  [Text=what] [Confidence=-1]\r\n");
     EXPECT_EQ(desktop.record.Transcript(), "");
+
+    // While dictating the line stands in both logs.
+    recogniser.DictationActive = true;
+    feedback.RC_Hypothesis(1, std::int64_t{32}, *result);
+    EXPECT_EQ(form2->Text1.Text(),
+              "1, 32, Hypothesis,  [Text=what] [Confidence=-1]\r\n"
+              "1, 32, Hypothesis,  [Text=what] [Confidence=-1]\r\n");
+    EXPECT_EQ(form5->Text1.Text(), "1, 32, Hypothesis,  [Text=what] [Confidence=-1]\r\n");
 }
 
 }  // namespace

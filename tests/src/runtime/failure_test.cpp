@@ -42,6 +42,21 @@ TEST(ResumeNext, OnlyRunTimeErrorsAreSkipped) {
     EXPECT_THROW(step([] { throw std::logic_error("a bug"); }), std::logic_error);
 }
 
+TEST(OnError, AnErrorAbandonsTheBodyForTheHandler) {
+    std::string order;
+    on_error(
+        [&] {
+            order += "body ";
+            Fail();
+        },
+        [&](const RuntimeError&) { order += "handler"; });
+    EXPECT_EQ(order, "body handler");
+}
+
+TEST(OnError, ABodyThatSucceedsHasNoHandler) {
+    on_error([] {}, [](const RuntimeError&) { ADD_FAILURE(); });
+}
+
 TEST(Nullable, UseOfAMissingObjectIsError91) {
     Nullable<std::string> object;
     EXPECT_TRUE(object.empty());

@@ -126,6 +126,39 @@ TEST_F(FormsTest, ANewCaretOrTextEndsTheMark) {
     EXPECT_EQ(Shown().length, 0);
 }
 
+TEST_F(FormsTest, ATextIsPutInThePlaceOfTheMarkAndTheCaretStandsBehindIt) {
+    int changes = 0;
+    notes->Note.Change = [&] { ++changes; };
+    notes->Note.SetSelStart(1);
+    notes->Note.SetSelLength(3);
+    notes->Note.SetSelText("üssiges");
+    EXPECT_EQ(notes->Note.Text(), "füssigest");
+    EXPECT_EQ(notes->Note.SelStart(), 8);
+    EXPECT_EQ(notes->Note.SelLength(), 0);
+    EXPECT_EQ(Shown().text, "füssigest");
+    EXPECT_EQ(Shown().start, 8);
+    EXPECT_EQ(changes, 1);
+    notes->Note.SetSelText("!");
+    EXPECT_EQ(Shown().text, "füssiges!t");
+    notes->Note.SetSelText("");
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(FormsTest, ATextTellsOfTheFocusThatItTakesAndLoses) {
+    std::string told;
+    notes->Note.GotFocus = [&] { told += "got "; };
+    notes->Note.LostFocus = [&] { told += "lost "; };
+    notes->Show();
+    notes->Note.SetFocus();
+    desktop.windows.Focus("Notes", "elsewhere");
+    EXPECT_EQ(told, "got lost ");
+}
+
+TEST_F(FormsTest, EachTextIsAControlOfItsOwn) {
+    EXPECT_NE(notes->Note.hWnd(), 0U);
+    EXPECT_NE(notes->Note.hWnd(), notes->hWnd());
+}
+
 TEST_F(FormsTest, TheFirstShowingRaisesResizeAndLaterOnesDoNot) {
     int resizes = 0;
     notes->Resize = [&] {
