@@ -6,6 +6,7 @@
 
 #include "gauge/bkcprog.h"
 #include "linux/canvas/control_view.h"
+#include "linux/windows/control_handles.h"
 #include "linux/windows/user32.h"
 
 namespace corvane {
@@ -19,7 +20,8 @@ void Repaint(benchmark::State& state) {
     QWidget window;
     ControlView view(&window);
     Gdi gdi;
-    User32 user32;
+    const ControlHandles controls;
+    User32 user32(controls, gdi);
     bkCProg gauge(std::make_unique<QtControlHost>(gdi, view), gdi, user32);
     gauge.ReadProperties({});
     gauge.UserControl.SetSize(1485, 1320);

@@ -74,11 +74,11 @@ struct LinuxPlatform::World {
     QDBusConnection system_bus = QDBusConnection::systemBus();
     ProcessTokens tokens;
     SessionEnd session_end{system_bus, tokens};
-    User32 user32{MakeSessionWindows(), &session_end};
+    User32 user32{MakeSessionWindows(), windows.Controls(), windows.Gdi32(), &session_end};
     Kernel32 kernel32{runtime.ExecutableFolder()};
     Connection connection{system_bus};
     DiscPlayers players{std::make_shared<MachineDevices>(system_bus)};
-    Printer printer;
+    Printer printer{windows.Gdi32(), windows.ChosenPrinter()};
     SpeechEngine speech;  // last: its thread posts to the messages
 };
 

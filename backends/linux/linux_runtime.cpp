@@ -1,6 +1,8 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/linux_runtime.h"
 
+#include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <cstdlib>
 #include <filesystem>
@@ -15,6 +17,13 @@
 #include "platform/error.h"
 
 namespace corvane::linux_desktop {
+namespace {
+
+QString TitleOf(const std::string& title) {
+    return title.empty() ? QStringLiteral("KT Corvane") : QString::fromStdString(title);
+}
+
+}  // namespace
 
 LinuxRuntime::LinuxRuntime(std::unique_ptr<Keys> keys) : keys_(std::move(keys)) {}
 
@@ -55,15 +64,18 @@ MsgBoxResult LinuxRuntime::MsgBox(const std::string& prompt, MsgBoxStyle style,
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setEscapeButton(QMessageBox::No);
     }
-    box.setWindowTitle(title.empty() ? QStringLiteral("KT Corvane")
-                                     : QString::fromStdString(title));
+    box.setWindowTitle(TitleOf(title));
     const int pressed = box.exec();
     if (style != kYesNoQuestion) return kOk;
     return pressed == QMessageBox::Yes ? kYes : kNo;
 }
 
-std::string LinuxRuntime::InputBox(const std::string& /*prompt*/, const std::string& /*title*/) {
-    return {};
+std::string LinuxRuntime::InputBox(const std::string& prompt, const std::string& title) {
+    QInputDialog box;
+    box.setLabelText(ControlText(prompt));
+    for (auto* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+    box.setWindowTitle(TitleOf(title));
+    return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
 }
 
 void LinuxRuntime::ShowErrorReport(std::int32_t number, const std::string& text) {

@@ -61,7 +61,7 @@ public:
 private:
     std::unique_ptr<Windows> session_ = MakeSessionWindows();
     QtToolkit toolkit_{"no pictures"};
-    User32 user32_{MakeSessionWindows()};
+    User32 user32_{MakeSessionWindows(), toolkit_.Controls(), toolkit_.Gdi32()};
     DesktopClipboard clipboard_{MakeSessionClipboard()};
     std::vector<std::unique_ptr<OtherProgram>> programs_;
     std::vector<std::unique_ptr<QProcess>> copiers_;

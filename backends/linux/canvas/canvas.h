@@ -30,6 +30,7 @@ private:
 [[nodiscard]] QImage ImageOf(const Picture& picture);
 
 class Gdi;
+class PrintedPage;
 
 /// A retained image that is drawn on. Nothing but text is smoothed.
 class Canvas final : public ISurface {
@@ -78,7 +79,8 @@ private:
     std::int32_t stretch_mode_ = 1;
 };
 
-/// The drawing calls on canvases, by their handles.
+/// The drawing calls on canvases, by their handles, and the handles of pages that are being
+/// printed.
 class Gdi final : public IGdi32 {
 public:
     bool MoveToEx(HDC hdc, std::int32_t x, std::int32_t y, POINT* previous) override;
@@ -99,12 +101,19 @@ public:
                     std::int32_t wSrc, std::int32_t hSrc, std::uint32_t rop) override;
     std::int32_t GetDeviceCaps(HDC hdc, std::int32_t index) override;
 
+    /// Makes a context of a page, which stays as long as the context.
+    [[nodiscard]] HDC AddPage(PrintedPage& page);
+    void RemovePage(HDC hdc) { pages_.erase(hdc); }
+    /// nullptr if there is no such page.
+    [[nodiscard]] PrintedPage* FindPage(HDC hdc) const;
+
 private:
     friend class Canvas;
 
     [[nodiscard]] Canvas* Find(HDC hdc) const;
 
     std::map<HDC, Canvas*> canvases_;
+    std::map<HDC, PrintedPage*> pages_;
     HDC last_ = 0;
 };
 

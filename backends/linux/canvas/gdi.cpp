@@ -6,6 +6,7 @@
 #include "linux/canvas/canvas.h"
 #include "linux/canvas/ellipses.h"
 #include "linux/canvas/strokes.h"
+#include "linux/printing/printed_page.h"
 #include "linux/windows/look.h"
 
 /// The drawing calls themselves.
@@ -113,8 +114,21 @@ bool Gdi::StretchBlt(HDC hdcDest, std::int32_t xDest, std::int32_t yDest, std::i
     return true;
 }
 
-std::int32_t Gdi::GetDeviceCaps(HDC /*hdc*/, std::int32_t /*index*/) {
-    return 0;
+std::int32_t Gdi::GetDeviceCaps(HDC hdc, std::int32_t index) {
+    const PrintedPage* const page = FindPage(hdc);
+    if (page == nullptr) return 0;
+    if (index == PHYSICALOFFSETX) return page->Border().x();
+    return index == PHYSICALOFFSETY ? page->Border().y() : 0;
+}
+
+HDC Gdi::AddPage(PrintedPage& page) {
+    pages_[++last_] = &page;
+    return last_;
+}
+
+PrintedPage* Gdi::FindPage(HDC hdc) const {
+    const auto found = pages_.find(hdc);
+    return found == pages_.end() ? nullptr : found->second;
 }
 
 }  // namespace corvane::linux_desktop

@@ -28,7 +28,9 @@ namespace {
 QWidget* MakeLabel(const ControlDescription& control, QWidget& holder, Qt::Alignment alignment) {
     auto* label = new QLabel(Words(control.text), &holder);
     label->setTextFormat(Qt::PlainText);
-    const int line_height = QFontMetrics(holder.font()).height();
+    if (!control.font_family.empty() || control.bold)
+        label->setFont(FontOf({.family = std::string(control.font_family), .bold = control.bold}));
+    const int line_height = QFontMetrics(label->font()).height();
     label->setWordWrap(Pixels(control.place.height) >= 2 * line_height);
     label->setAlignment(alignment | Qt::AlignTop);
     return label;

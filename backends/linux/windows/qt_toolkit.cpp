@@ -16,7 +16,8 @@ QtToolkit::QtToolkit(const std::string& picture_folder) : pictures_(Words(pictur
 
 std::unique_ptr<IWindowPeer> QtToolkit::CreateWindow(const WindowDescription& description,
                                                      WindowPeerEvents events) {
-    return std::make_unique<QtWindow>(description, std::move(events), pictures_, gdi_);
+    return std::make_unique<QtWindow>(description, std::move(events),
+                                      ToolkitParts{pictures_, gdi_, controls_, printer_});
 }
 
 }  // namespace corvane::linux_desktop

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "linux/canvas/control_view.h"
+#include "linux/printing/print_dialog.h"
 #include "linux/windows/control_peers.h"
 #include "linux/windows/control_widgets.h"
 #include "linux/windows/file_dialog.h"
@@ -19,9 +20,8 @@
 namespace corvane::linux_desktop {
 
 QtWindow::QtWindow(const WindowDescription& description, WindowPeerEvents events,
-                   const Pictures& pictures, Gdi& gdi)
-    : pictures_(pictures),
-      gdi_(gdi),
+                   const ToolkitParts& parts)
+    : parts_(parts),
       position_(description.position),
       frame_(new Frame(std::move(events))),
       client_(new QWidget) {
@@ -53,7 +53,7 @@ void QtWindow::AddFixture(const ControlDescription& control) {
 
 std::unique_ptr<ITextPeer> QtWindow::AddText(const ControlDescription& control,
                                              TextPeerEvents events) {
-    return MakeTextPeer(*Place(control), std::move(events));
+    return MakeTextPeer(*Place(control), parts_.controls, std::move(events));
 }
 
 std::unique_ptr<IRangePeer> QtWindow::AddRange(const ControlDescription& control) {
@@ -65,7 +65,7 @@ std::unique_ptr<ILabelPeer> QtWindow::AddLabel(const ControlDescription& control
 }
 
 std::unique_ptr<IPicturePeer> QtWindow::AddPicture(const ControlDescription& control) {
-    return MakePicturePeer(*Place(control), pictures_);
+    return MakePicturePeer(*Place(control), parts_.pictures);
 }
 
 std::unique_ptr<IButtonPeer> QtWindow::AddButton(const ControlDescription& control,
@@ -96,7 +96,7 @@ std::unique_ptr<ICalendarPeer> QtWindow::AddCalendar(const ControlDescription& c
 }
 
 std::unique_ptr<IControlHost> QtWindow::AddControl(const ControlDescription& control) {
-    return std::make_unique<QtControlHost>(gdi_, dynamic_cast<ControlView&>(*Place(control)));
+    return std::make_unique<QtControlHost>(parts_.gdi, dynamic_cast<ControlView&>(*Place(control)));
 }
 
 void QtWindow::AddMenu(const MenuDescription& menu, std::function<void()> Click) {
@@ -144,8 +144,8 @@ std::optional<std::string> QtWindow::AskForFile(const FileDialogRequest& request
     return ChooseFile(request, frame_.get());
 }
 
-bool QtWindow::AskForPrinter(std::int32_t /*flags*/) {
-    return false;
+bool QtWindow::AskForPrinter(std::int32_t flags) {
+    return AskHowToPrint(flags, parts_.printer, frame_.get());
 }
 
 HWND QtWindow::hWnd() const {
@@ -166,7 +166,7 @@ void QtWindow::PrepareToShow() {
 QWidget* QtWindow::Place(const ControlDescription& control) {
     QWidget* holder =
         control.container.empty() ? client_ : containers_.find(control.container)->second;
-    QWidget* widget = MakeControlWidget(control, *holder, pictures_);
+    QWidget* widget = MakeControlWidget(control, *holder, parts_.pictures);
     if (widget == nullptr) return nullptr;
     widget->setGeometry(WidgetPlace(control, *widget));
     if (control.kind == ControlKind::Frame) containers_[std::string(control.name)] = widget;

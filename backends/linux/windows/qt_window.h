@@ -13,16 +13,26 @@ class QWidget;
 
 namespace corvane::linux_desktop {
 
+class ControlHandles;
 class Frame;
 class Gdi;
 class Pictures;
+class PrinterChoice;
+
+/// What all windows of a toolkit share.
+struct ToolkitParts {
+    const Pictures& pictures;
+    Gdi& gdi;
+    ControlHandles& controls;
+    PrinterChoice& printer;
+};
 
 /// A window whose menu bar stands above the client area.
 class QtWindow final : public IWindowPeer {
 public:
-    /// `pictures` and `gdi` must outlive the window.
+    /// The parts must outlive the window.
     QtWindow(const WindowDescription& description, WindowPeerEvents events,
-             const Pictures& pictures, Gdi& gdi);
+             const ToolkitParts& parts);
     ~QtWindow() override;
 
     void AddFixture(const ControlDescription& control) override;
@@ -67,8 +77,7 @@ private:
         void operator()(QObject* object) const { object->deleteLater(); }
     };
 
-    const Pictures& pictures_;
-    Gdi& gdi_;
+    ToolkitParts parts_;
     StartPosition position_;
     // The window may be let go inside one of its own events.
     std::unique_ptr<Frame, DeleteLater> frame_;

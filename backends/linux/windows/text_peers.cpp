@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/windows/text_peers.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QPointer>
 #include <QSignalBlocker>
@@ -8,11 +9,12 @@
 #include <QTextEdit>
 #include <algorithm>
 #include <string>
-#include <type_traits>
 #include <utility>
 
 #include "linux/shown_text.h"
 #include "linux/text_positions.h"
+#include "linux/windows/control_handles.h"
+#include "linux/windows/frame.h"
 
 namespace corvane::linux_desktop {
 namespace {
@@ -36,11 +38,8 @@ TextState StateOf(const QLineEdit& edit) {
 }
 
 TextState StateOf(const QTextEdit& edit) {
-    // The raw text: the plain one would turn no-break spaces into ordinary ones.
-    QString text = edit.document()->toRawText();
-    text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
     const QTextCursor cursor = edit.textCursor();
-    return StateOf(text, cursor.selectionStart(), cursor.selectionEnd());
+    return StateOf(TextOf(edit), cursor.selectionStart(), cursor.selectionEnd());
 }
 
 void Show(QLineEdit& edit, ShownText& shown, const std::string& text) {
@@ -77,15 +76,27 @@ void Mark(QTextEdit& edit, int start, int end) {
     edit.ensureCursorVisible();
 }
 
+void Insert(QLineEdit& edit, const QString& text) {
+    edit.insert(text);
+}
+
+void Insert(QTextEdit& edit, const QString& text) {
+    edit.textCursor().insertText(text);
+    edit.ensureCursorVisible();
+}
+
 template <class Editor>
 class TextPeer final : public ITextPeer, public QObject {
 public:
-    TextPeer(Editor& editor, TextPeerEvents events) : editor_(&editor), events_(std::move(events)) {
+    TextPeer(Editor& editor, ControlHandles& handles, TextPeerEvents events)
+        : editor_(&editor), handles_(handles), events_(std::move(events)) {
         Know(StateOf(editor));
         // One edit comes as several signals, all of them after it is complete.
         connect(&editor, &Editor::textChanged, this, [this] { TellEdit(); });
         connect(&editor, &Editor::cursorPositionChanged, this, [this] { TellEdit(); });
         connect(&editor, &Editor::selectionChanged, this, [this] { TellEdit(); });
+        connect(qApp, &QApplication::focusChanged, this,
+                [this](const QWidget* /*old*/, const QWidget* now) { FollowFocus(now); });
     }
 
     void SetFocus() override {
@@ -112,14 +123,11 @@ public:
     void ReplaceSelection(const std::string& text) override {
         if (!editor_) return;
         const QSignalBlocker quiet(*editor_);
-        if constexpr (std::is_same_v<Editor, QLineEdit>)
-            editor_->insert(ControlText(text));
-        else
-            editor_->textCursor().insertText(ControlText(text));
+        Insert(*editor_, ControlText(text));
         Know(StateOf(*editor_));
     }
 
-    [[nodiscard]] HWND hWnd() const override { return 0; }
+    [[nodiscard]] HWND hWnd() const override { return editor_ ? handles_.HandleOf(*editor_) : 0; }
 
 private:
     void Know(const TextState& state) {
@@ -136,20 +144,38 @@ private:
         if (const auto handler = events_.Edited) handler(state.text, state.start, state.length);
     }
 
+    void FollowFocus(const QWidget* now) {
+        // No widget at all is another program; a dialog gives the focus back to where it was.
+        if (now == nullptr || dynamic_cast<const Frame*>(now->window()) == nullptr) return;
+        const bool here = now == editor_;
+        if (here == std::exchange(has_focus_, here)) return;
+        // A copy, since the handler may let this control go.
+        if (const auto handler = here ? events_.GotFocus : events_.LostFocus) handler();
+    }
+
     QPointer<Editor> editor_;
+    ControlHandles& handles_;
     TextPeerEvents events_;
     ShownText shown_;
     std::int32_t start_ = 0;
     std::int32_t length_ = 0;
+    bool has_focus_ = false;
 };
 
 }  // namespace
 
-std::unique_ptr<ITextPeer> MakeTextPeer(QWidget& widget, TextPeerEvents events) {
+std::unique_ptr<ITextPeer> MakeTextPeer(QWidget& widget, ControlHandles& handles,
+                                        TextPeerEvents events) {
     if (auto* line = qobject_cast<QLineEdit*>(&widget))
-        return std::make_unique<TextPeer<QLineEdit>>(*line, std::move(events));
-    return std::make_unique<TextPeer<QTextEdit>>(dynamic_cast<QTextEdit&>(widget),
+        return std::make_unique<TextPeer<QLineEdit>>(*line, handles, std::move(events));
+    return std::make_unique<TextPeer<QTextEdit>>(dynamic_cast<QTextEdit&>(widget), handles,
                                                  std::move(events));
+}
+
+QString TextOf(const QTextEdit& editor) {
+    // The raw text: the plain one would turn no-break spaces into ordinary ones.
+    QString text = editor.document()->toRawText();
+    return text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
 }
 
 }  // namespace corvane::linux_desktop

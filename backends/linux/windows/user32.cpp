@@ -1,12 +1,17 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/windows/user32.h"
 
+#include <QTextEdit>
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
 
+#include "linux/canvas/canvas.h"
 #include "linux/canvas/system_colours.h"
+#include "linux/printing/format_range.h"
+#include "linux/printing/printer_error.h"
 #include "linux/system/session_end.h"
+#include "linux/windows/control_handles.h"
 
 namespace corvane::linux_desktop {
 
@@ -60,9 +65,14 @@ bool User32::ExitWindowsEx(std::uint32_t flags, std::uint32_t /*reserved*/) {
     return session_end_ != nullptr && session_end_->ExitWindowsEx(flags);
 }
 
-std::int32_t User32::SendMessageA(HWND /*hWnd*/, std::uint32_t /*msg*/, std::uint32_t /*wParam*/,
-                                  const FORMATRANGE* /*range*/) {
-    return 0;
+std::int32_t User32::SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
+                                  const FORMATRANGE* range) {
+    const auto* editor = qobject_cast<QTextEdit*>(controls_.Find(hWnd));
+    // No layout outlives its call, so without a range there is none to free.
+    if (msg != EM_FORMATRANGE || editor == nullptr || range == nullptr) return 0;
+    PrintedPage* const page = gdi_.FindPage(range->hdc);
+    if (page == nullptr || range->hdcTarget != range->hdc) RaisePrinterError();
+    return FormatRange(*editor, *range, *page, wParam == 0 ? Rendering::Measure : Rendering::Draw);
 }
 
 std::int32_t User32::GetSysColor(std::int32_t index) {

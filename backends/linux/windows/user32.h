@@ -8,15 +8,19 @@
 
 namespace corvane::linux_desktop {
 
+class ControlHandles;
+class Gdi;
 class SessionEnd;
 
 /// The window system's calls. A thread is told by its program's process, since no desktop here
 /// knows of threads. Needs a QApplication.
 class User32 final : public IUser32 {
 public:
-    /// `session_end` outlives this; without one the session can't be ended.
-    explicit User32(std::unique_ptr<Windows> session, SessionEnd* session_end = nullptr)
-        : windows_(std::move(session)), session_end_(session_end) {}
+    /// `controls` are those of our windows, `gdi` knows the pages they are printed on. All outlive
+    /// this; without `session_end` the session can't be ended.
+    User32(std::unique_ptr<Windows> session, const ControlHandles& controls, const Gdi& gdi,
+           SessionEnd* session_end = nullptr)
+        : windows_(std::move(session)), controls_(controls), gdi_(gdi), session_end_(session_end) {}
 
     bool ReleaseCapture() override;
     /// To a window of this program; those of others take no messages.
@@ -42,6 +46,8 @@ public:
 
 private:
     DesktopWindows windows_;
+    const ControlHandles& controls_;
+    const Gdi& gdi_;
     SessionEnd* session_end_;
 };
 

@@ -29,6 +29,13 @@ constexpr auto kControls = std::to_array<ControlDescription>({
      .place = {0, 1500, 900, 300},
      .tab_index = 0,
      .text = "&Read"},
+    {.name = "Hint",
+     .kind = ControlKind::Label,
+     .place = {0, 2400, 3240, 210},
+     .text = "Say so",
+     .colours = ControlColours::RedOnYellow,
+     .font_family = "Arial",
+     .bold = true},
     {.name = "Board", .kind = ControlKind::TextBox, .place = {0, 1950, 900, 285}, .tab_index = 1},
 });
 
@@ -56,7 +63,8 @@ protected:
             if (key_down) key_down();
         };
         button = window->AddButton(kControls[4], std::move(events));
-        board = window->AddText(kControls[5], {});
+        window->AddFixture(kControls[5]);
+        board = window->AddText(kControls[6], {});
         window->Show();
         frame().activateWindow();
         QCoreApplication::processEvents();
@@ -106,6 +114,16 @@ TEST_F(ControlPeers, LabelGrowsWithItsCaption) {
     auto& label = Find<QLabel>("Words");
     EXPECT_EQ(label.text(), "words that need more room");
     EXPECT_GE(label.width(), label.sizeHint().width());
+}
+
+TEST_F(ControlPeers, LabelHasItsFontAndItsColours) {
+    const auto& label = Find<QLabel>("Hint");
+    EXPECT_TRUE(label.font().bold());
+    EXPECT_EQ(label.font().pixelSize(), 11);
+    EXPECT_FALSE(Find<QLabel>("Words").font().bold());
+    const QImage shown = Find("Hint").grab().toImage();
+    EXPECT_EQ(shown.pixelColor(shown.width() - 1, 1), QColor(Qt::yellow));
+    EXPECT_EQ(label.palette().color(QPalette::WindowText), QColor(Qt::red));
 }
 
 TEST_F(ControlPeers, PictureIsFoundByItsWholeName) {

@@ -7,6 +7,7 @@
 
 #include "gauge/bkcprog.h"
 #include "linux/canvas/system_colours.h"
+#include "linux/windows/control_handles.h"
 #include "linux/windows/user32.h"
 #include "platform/error.h"
 
@@ -31,7 +32,8 @@ protected:
     QWidget window;
     ControlView* view = new ControlView(&window);
     Gdi gdi;
-    User32 user32{MakeSessionWindows()};
+    ControlHandles controls;
+    User32 user32{MakeSessionWindows(), controls, gdi};
     bkCProg gauge{std::make_unique<QtControlHost>(gdi, *view), gdi, user32};
 };
 

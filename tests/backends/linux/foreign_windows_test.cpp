@@ -6,7 +6,9 @@
 #include <array>
 #include <memory>
 
+#include "linux/canvas/canvas.h"
 #include "linux/session/x11_windows.h"
+#include "linux/windows/control_handles.h"
 #include "linux/windows/user32.h"
 #include "other_program.h"
 
@@ -38,7 +40,9 @@ protected:
     bool IsMaximised() { return session->Describe(program.window())->maximised; }
 
     Windows* session = new X11Windows(nullptr);
-    User32 user32{std::unique_ptr<Windows>(session)};
+    ControlHandles controls;
+    Gdi gdi;
+    User32 user32{std::unique_ptr<Windows>(session), controls, gdi};
     OtherProgram program{*session, GetParam()("Übung")};
     HWND window = program.window();
 };

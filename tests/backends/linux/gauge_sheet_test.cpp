@@ -9,6 +9,7 @@
 
 #include "gauge/bkcprog.h"
 #include "linux/canvas/control_view.h"
+#include "linux/windows/control_handles.h"
 #include "linux/windows/look.h"
 #include "linux/windows/user32.h"
 
@@ -221,7 +222,8 @@ TEST(GaugeSheet, EveryLookShowsSomethingOfItsOwn) {
     sheet.resize(kColumns * kCell,
                  static_cast<int>(std::size(kLooks) + kColumns - 1) / kColumns * kCellHeight);
     Gdi gdi;
-    User32 user32{MakeSessionWindows()};
+    const ControlHandles controls;
+    User32 user32(MakeSessionWindows(), controls, gdi);
     std::vector<std::unique_ptr<bkCProg>> gauges;
     std::vector<ControlView*> views;
     int place = 0;

@@ -29,7 +29,7 @@ protected:
     QtToolkit toolkit{"no pictures"};
     std::unique_ptr<IWindowPeer> main =
         toolkit.CreateWindow(kMain, {.CloseRequested = [this] { ++close_requests; }});
-    User32 user32{MakeSessionWindows()};
+    User32 user32{MakeSessionWindows(), toolkit.Controls(), toolkit.Gdi32()};
     HWND window = main->hWnd();
 };
 

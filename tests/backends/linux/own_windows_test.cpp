@@ -59,7 +59,7 @@ protected:
     std::unique_ptr<IWindowPeer> main =
         toolkit.CreateWindow(kMain, {.CloseRequested = [this] { ++close_requests; }});
     std::unique_ptr<Windows> session = MakeSessionWindows();
-    User32 user32{MakeSessionWindows()};
+    User32 user32{MakeSessionWindows(), toolkit.Controls(), toolkit.Gdi32()};
     std::unique_ptr<OtherProgram> other;
 };
 using ManagedOwnWindow = OwnWindow;

@@ -2,12 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QInputDialog>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QTest>
 #include <QTextEdit>
 #include <array>
+#include <utility>
 
 #include "linux/windows/qt_toolkit.h"
 
@@ -53,7 +55,10 @@ protected:
         window->AddFixture(kControls[0]);
         window->AddFixture(kControls[1]);
         line = window->AddText(kControls[2], Notes());
-        log = window->AddText(kControls[3], Notes());
+        TextPeerEvents log_events = Notes();
+        log_events.GotFocus = [this] { focus += "+log "; };
+        log_events.LostFocus = [this] { focus += "-log "; };
+        log = window->AddText(kControls[3], std::move(log_events));
         window->AddFixture(kControls[4]);
         window->AddMenu({.name = "file", .caption = "&File"}, {});
         window->AddMenu({.name = "exit", .caption = "E&xit", .menu = "file"}, [this] { ++exits; });
@@ -82,6 +87,7 @@ protected:
     std::unique_ptr<IWindowPeer> window;
     std::unique_ptr<ITextPeer> line, log;
     std::vector<Edit> edits;
+    std::string focus;
     int close_requests = 0;
     int exits = 0;
 };
@@ -166,6 +172,78 @@ TEST_F(QtWindowTest, CaretInFrontOfTheLastCharacterKeepsTheNewestLineInView) {
     auto& edit = Find<QTextEdit>("Log");
     EXPECT_EQ(edit.textCursor().blockNumber(), 99);
     EXPECT_TRUE(edit.viewport()->rect().contains(edit.cursorRect().center()));
+}
+
+TEST_F(QtWindowTest, TextGoesInAtTheCaretAndTheCaretBehindIt) {
+    log->SetText("one\r\nfour");
+    log->SetSelection(5, 0);
+    log->ReplaceSelection("two\r\n");
+    log->ReplaceSelection("three ");
+    EXPECT_EQ(Find<QTextEdit>("Log").toPlainText(), "one\ntwo\nthree four");
+    EXPECT_EQ(Find<QTextEdit>("Log").textCursor().position(), 14);
+    line->SetText("12");
+    line->SetSelection(1, 0);
+    line->ReplaceSelection("x");
+    EXPECT_EQ(Find<QLineEdit>("Line").text(), "1x2");
+    EXPECT_EQ(Find<QLineEdit>("Line").cursorPosition(), 2);
+    EXPECT_TRUE(edits.empty());
+}
+
+TEST_F(QtWindowTest, TextTakesThePlaceOfWhatIsMarked) {
+    log->SetText("one\r\ntwo");
+    log->SetSelection(1, 5);
+    log->ReplaceSelection("-");
+    EXPECT_EQ(Find<QTextEdit>("Log").toPlainText(), "o-wo");
+    log->SetSelection(0, 1);
+    QTest::keyClicks(&Find("Log"), "x");
+    EXPECT_EQ(edits, (std::vector<Edit>{{"x-wo", 1, 0}}));
+}
+
+TEST_F(QtWindowTest, WhatGoesInAtTheCaretIsBroughtIntoView) {
+    for (int i = 0; i < 100; ++i) log->ReplaceSelection("a line\r\n");
+    auto& edit = Find<QTextEdit>("Log");
+    EXPECT_TRUE(edit.viewport()->rect().contains(edit.cursorRect().center()));
+}
+
+TEST_F(QtWindowTest, ControlsHaveHandlesOfTheirOwn) {
+    EXPECT_NE(log->hWnd(), line->hWnd());
+    EXPECT_NE(log->hWnd(), window->hWnd());
+    EXPECT_EQ(log->hWnd(), log->hWnd());
+    EXPECT_EQ(toolkit.Controls().Find(log->hWnd()), &Find("Log"));
+    EXPECT_EQ(toolkit.Controls().Find(0), nullptr);
+    const HWND handle = log->hWnd();
+    delete &Find("Log");
+    EXPECT_EQ(toolkit.Controls().Find(handle), nullptr);
+    EXPECT_EQ(log->hWnd(), 0U);
+}
+
+TEST_F(QtWindowTest, FocusIsToldWhenItGoesToAnotherControl) {
+    EXPECT_EQ(focus, "+log ");
+    line->SetFocus();
+    EXPECT_EQ(focus, "+log -log ");
+    log->SetFocus();
+    log->SetFocus();
+    EXPECT_EQ(focus, "+log -log +log ");
+}
+
+TEST_F(QtWindowTest, AnotherWindowOfTheSystemTakesTheFocus) {
+    const auto other = toolkit.CreateWindow(kWindow, {});
+    const auto text = other->AddText(kControls[3], {});
+    other->Show();
+    text->SetFocus();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return focus == "+log -log "; }, 10'000));
+}
+
+TEST_F(QtWindowTest, DialogsAndOtherProgramsDoNotTakeTheFocus) {
+    QInputDialog dialog(&frame());
+    dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return dialog.isActiveWindow(); }, 10'000));
+    EXPECT_EQ(focus, "+log ");
+    dialog.hide();
+    frame().activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([] { return frame().isActiveWindow(); }, 10'000));
+    EXPECT_EQ(focus, "+log ");
 }
 
 TEST_F(QtWindowTest, NoBreakSpaceStaysOne) {
