@@ -129,7 +129,7 @@ public:
     virtual void DictationLoad(const std::string& TopicName, std::int32_t LoadOption) = 0;
     /// While dictation is active, whatever is said and is no command of an active rule, heard with
     /// high confidence, is recognised as text whose rule has an empty name. A sign is dictated by
-    /// its name; a line break is a text of its own, "\\r". The phrases "delete", "train that",
+    /// its name; a line break is a text of its own, "\r". The phrases "delete", "train that",
     /// "quit dictation", "clear everything", "scratch that" and "print page", said alone, are told
     /// in just these words. Where several grammars dictate, the context that was created last is
     /// told. Raises before a DictationLoad.
