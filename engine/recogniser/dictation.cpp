@@ -26,10 +26,13 @@ constexpr std::size_t kSamplesPerHypothesis = kSampleRate / 4;
 constexpr double kHighCertainty = 0.8;
 constexpr double kNormalCertainty = 0.5;
 
-/// What is heard as dictation's own phrase without high confidence still is it if its score, less
-/// what the text's sounds fit better, is this much.
-constexpr double kLeastOwnScore = 0.3;
-constexpr double kScorePerFit = 0.015;
+// What the rules' graph hears as dictation's own phrase may yet be text that sounds like it, such
+// as "clear everything up". How much better the text's sounds fit is a mean over the phrase's
+// frames.
+constexpr double kSureText = 0.65;       ///< certainty with which it is that text
+constexpr double kFitOfSureText = 5.0;   ///< if it fits so much better
+constexpr double kLeastOwnScore = 0.35;  ///< of a phrase without high confidence
+constexpr double kScorePerFit = 0.015;   ///< taken off that
 
 SpeechEngineConfidence ConfidenceOf(double certainty) {
     if (certainty >= kHighCertainty) return SECHighConfidence;
@@ -61,11 +64,17 @@ bool IsBreak(const WrittenPhrase& written) {
     return written.words.front() == "\r";
 }
 
-/// Whether an utterance that reads as text is more likely to be dictation's own phrase.
-bool IsLikelier(const Dictation::OwnPhrase& own, const DictatedText& text) {
+bool IsSurelyOwn(const Dictation::Ending& ending) {
+    return ending.own_phrase && ending.own_phrase->phrase.confidence == SECHighConfidence;
+}
+
+/// Whether it is this phrase rather than this text.
+bool IsOwn(const Dictation::OwnPhrase& own, const DictatedText& text) {
     const double frames = static_cast<double>((own.phrase.end - own.phrase.begin) / kFrame);
-    const double fits_better = (text.acoustic - own.acoustic) / std::max(1.0, frames);
-    return own.phrase.score - kScorePerFit * std::max(0.0, fits_better) >= kLeastOwnScore;
+    const double better = std::max(0.0, text.acoustic - own.acoustic) / std::max(1.0, frames);
+    if (text.certainty >= kSureText && better >= kFitOfSureText) return false;
+    return own.phrase.confidence == SECHighConfidence ||
+           own.phrase.score - kScorePerFit * better >= kLeastOwnScore;
 }
 
 }  // namespace
@@ -172,10 +181,10 @@ Dictation::Task Dictation::NextTask() const {
     if (wanted_ && !decoder_ && !failed_) return Task::load;
     if (queue_.empty()) return Task::none;
     const Utterance& first = *queue_.front();
-    // Where it can't be written it still is taken off the queue.
-    if (first.dropped || (first.ending && !decoder_)) return Task::discard;
+    if (first.dropped) return Task::discard;
+    // Where no text can be written, a phrase such as "quit dictation" still can.
+    if (first.ending) return decoder_ || IsSurelyOwn(*first.ending) ? Task::write : Task::discard;
     if (!decoder_) return Task::none;
-    if (first.ending) return Task::write;
     const bool news = first.sound.size() >= supposed_at_ + kSamplesPerHypothesis;
     return first.suppose && news ? Task::follow : Task::none;
 }
@@ -273,10 +282,9 @@ void Dictation::Suppose(const Utterance& utterance) {
 /// The phrases that an utterance is.
 std::vector<RecognisedPhrase> Dictation::Read(const Utterance& utterance) {
     const std::optional<OwnPhrase>& own = utterance.ending->own_phrase;
-    const bool surely_own = own && own->phrase.confidence == SECHighConfidence;
-    const DictatedText text = surely_own ? DictatedText{} : decoder_->Decode(utterance.sound);
+    const DictatedText text = decoder_ ? decoder_->Decode(utterance.sound) : DictatedText{};
     std::vector<RecognisedPhrase> phrases;
-    if (surely_own || (own && IsLikelier(*own, text))) {
+    if (own && IsOwn(*own, text)) {
         for (WrittenPhrase& written : writer_.Write(own->phrase.words)) {
             phrases.push_back(own->phrase);
             phrases.back().words = std::move(written.words);

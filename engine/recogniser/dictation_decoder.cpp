@@ -4,6 +4,7 @@
 #include <pocketsphinx.h>
 #include <sphinxbase/ckd_alloc.h>
 #include <sphinxbase/err.h>
+#include <sphinxbase/feat.h>
 #include <sphinxbase/ngram_model.h>
 
 #include <cmath>
@@ -175,6 +176,8 @@ void DictationDecoder::EndLive() {
 
 DictatedText DictationDecoder::Decode(std::span<const std::int16_t> utterance) {
     EndLive();
+    // A live pass leaves the library normalising by what was heard so far, for good.
+    ps_get_feat(decoder_.get())->cmn = CMN_BATCH;
     if (utterance.empty() || !StartUtterance(kWhole)) return {};
     const std::vector<std::int16_t> levelled = Levelled(utterance);
     ps_process_raw(decoder_.get(), levelled.data(), levelled.size(), FALSE, TRUE);

@@ -193,6 +193,14 @@ TEST_F(Dictating, EditingPhraseWithinASentenceIsText) {
     EXPECT_TRUE(Says(pad.recognised[1], "we will never", 1.0));
 }
 
+TEST_F(Dictating, TextThatBeginsLikeAnEditingPhraseIsText) {
+    const Listening pad(*room.engine, time_file.Path());
+    StartDictation(*pad.grammar);
+    room.HearToTheEnd(Say("clear everything up", "rms"));
+    ASSERT_EQ(pad.recognised.size(), 1U);
+    EXPECT_EQ(TextOf(pad.recognised[0]), "Clear everything up");
+}
+
 TEST_F(Dictating, EditingPhraseIsToldBehindTheTextBeforeIt) {
     const Listening pad(*room.engine, time_file.Path());
     StartDictation(*pad.grammar);
