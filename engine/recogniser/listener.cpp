@@ -242,13 +242,16 @@ void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
     if (vocabulary_->dictating &&
         (of_dictation || !phrase || phrase->confidence < SECHighConfidence)) {
         if (!dictation_.Hearing()) BeginText(false);
-        Dictation::Ending ending{.last_loud = last_loud,
-                                 .end = endpointer_.End(),
-                                 .known = position,
-                                 .since = since,
-                                 .own_phrase = {}};
-        if (of_dictation) ending.own_phrase = {*std::move(phrase), AcousticOf(path)};
-        return dictation_.Write(std::move(ending));
+        if (dictation_.Hearing()) {
+            Dictation::Ending ending{.last_loud = last_loud,
+                                     .end = endpointer_.End(),
+                                     .known = position,
+                                     .since = since,
+                                     .own_phrase = {}};
+            if (of_dictation) ending.own_phrase = {*std::move(phrase), AcousticOf(path)};
+            return dictation_.Write(std::move(ending));
+        }
+        phrase.reset();
     }
     dictation_.Drop();
     const bool heard = phrase.has_value();

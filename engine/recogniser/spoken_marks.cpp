@@ -83,19 +83,19 @@ constexpr std::array kMarks{
                .text = "-",
                .joins = Joins::both,
                .share = 0.05},
-    SpokenMark{.name = "dash", .token = "@dash", .sound = "dash", .text = "-", .share = 0.02},
+    SpokenMark{.name = "dash", .token = "@dash", .sound = "dash", .text = "-", .share = 0.01},
     SpokenMark{.name = "new line",
                .token = "@new_line",
                .sound = "new line",
                .text = "\r",
                .breaks_line = true,
-               .share = 0.05},
+               .share = 0.03},
     SpokenMark{.name = "new paragraph",
                .token = "@new_paragraph",
                .sound = "new paragraph",
                .text = "\r\r",
                .breaks_line = true,
-               .share = 0.05},
+               .share = 0.03},
 };
 
 constexpr std::array<std::string_view, 6> kEditingPhrases{

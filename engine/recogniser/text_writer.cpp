@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <sstream>
 #include <string_view>
 #include <utility>
 
@@ -31,6 +33,17 @@ std::string Joined(std::span<const std::string> words) {
     std::string text;
     for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
     return text;
+}
+
+std::vector<std::string> WordsOf(std::string_view text) {
+    std::istringstream stream{std::string(text)};
+    return {std::istream_iterator<std::string>(stream), {}};
+}
+
+/// No sentence begins with "of": what seems a mark in front of it is a period of time, or a new
+/// line of houses.
+bool IsWordBefore(const SpokenMark& mark, const std::string& next) {
+    return (mark.ends_sentence || mark.breaks_line) && next == "of";
 }
 
 /// The dictionary is of one case and of ASCII letters.
@@ -101,7 +114,13 @@ std::vector<WrittenPhrase> TextWriter::Write(std::span<const std::string> spoken
     capital_before_ = capital_;
     Page page;
     for (std::size_t i = 0; i < spoken.size(); ++i) {
-        if (const SpokenMark* mark = MarkOfToken(spoken[i])) {
+        const SpokenMark* const mark = MarkOfToken(spoken[i]);
+        if (mark && i + 1 < spoken.size() && IsWordBefore(*mark, spoken[i + 1])) {
+            for (const std::string& word : WordsOf(mark->name)) {
+                page.Word(Spelled(word), i);
+                capital_ = false;
+            }
+        } else if (mark) {
             if (mark->breaks_line)
                 page.Break(*mark, i);
             else

@@ -110,6 +110,13 @@ TEST(TextWriter, NameOfAMarkWithinWordsIsWords) {
     EXPECT_EQ(Written("a long period of time"), "A long period of time");
 }
 
+TEST(TextWriter, MarkBeforeOfIsTheWordsItIsCalledBy) {
+    EXPECT_EQ(Written("a new @period of peace"), "A new period of peace");
+    EXPECT_EQ(Written("a @new_line of houses"), "A new line of houses");
+    EXPECT_EQ(Written("@question_mark of course"), "Question mark of course");
+    EXPECT_EQ(Written("yes @comma of course"), "Yes, of course");
+}
+
 TEST(TextWriter, SentenceGoesOnInTheNextUtterance) {
     TextWriter writer;
     EXPECT_EQ(Write(writer, "i went home"), "I went home");
