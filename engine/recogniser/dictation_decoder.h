@@ -68,7 +68,6 @@ private:
         void operator()(ps_decoder_s* decoder) const;
     };
     std::unique_ptr<ps_decoder_s, FreeDecoder> decoder_;
-    bool searchable_ = false;
     bool live_ = false;
 };
 

@@ -3,8 +3,9 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <sstream>
+#include <string>
+#include <utility>
 
 namespace corvane::engine {
 namespace {
