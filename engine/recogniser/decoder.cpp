@@ -4,6 +4,7 @@
 #include <pocketsphinx.h>
 #include <sphinxbase/ckd_alloc.h>
 #include <sphinxbase/err.h>
+#include <sphinxbase/feat.h>
 
 #include <string_view>
 #include <utility>
@@ -173,6 +174,8 @@ void Decoder::EndLive() {
 
 Path Decoder::Decode(std::span<const std::int16_t> utterance) {
     EndLive();
+    // A live pass leaves the library normalising by what was heard so far, for good.
+    if (decoder_) ps_get_feat(decoder_.get())->cmn = CMN_BATCH;
     if (!searchable_ || utterance.empty() || !StartUtterance(FramesOf(utterance.size()))) return {};
     const std::vector<std::int16_t> levelled = Levelled(utterance);
     ps_process_raw(decoder_.get(), levelled.data(), levelled.size(), FALSE, TRUE);

@@ -5,7 +5,8 @@
 #include <malloc.h>
 #endif
 
-#include <fstream>
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "engine/audio/audio_source.h"
@@ -25,19 +26,55 @@ constexpr std::size_t kSamplesPerHypothesis = kSampleRate / 4;
 constexpr double kHighCertainty = 0.8;
 constexpr double kNormalCertainty = 0.5;
 
+// What the rules' graph hears as dictation's own phrase may yet be text that sounds like it, such
+// as "clear everything up". How much better the text's sounds fit is a mean over the phrase's
+// frames.
+constexpr double kSureText = 0.65;       ///< certainty with which it is that text
+constexpr double kFitOfSureText = 5.0;   ///< if it fits so much better
+constexpr double kLeastOwnScore = 0.35;  ///< of a phrase without high confidence
+constexpr double kScorePerFit = 0.015;   ///< taken off that
+
 SpeechEngineConfidence ConfidenceOf(double certainty) {
     if (certainty >= kHighCertainty) return SECHighConfidence;
     return certainty >= kNormalCertainty ? SECNormalConfidence : SECLowConfidence;
 }
 
-RecognisedPhrase PhraseOf(DictatedText text, std::int64_t begin) {
+/// Sound that may wait to be written. A machine on which so much does never catches up, and what
+/// was said is forgotten by then.
+constexpr std::size_t kMostWaiting = std::size_t{5} * 60 * kSampleRate;
+
+std::vector<std::string> SpokenWords(const DictatedText& text) {
+    std::vector<std::string> words;
+    for (const DictatedText::Word& word : text.words) words.push_back(word.text);
+    return words;
+}
+
+RecognisedPhrase PhraseOf(WrittenPhrase written, const DictatedText& text, std::int64_t begin) {
     RecognisedPhrase phrase;
-    phrase.words = std::move(text.words);
-    phrase.begin = kFrame * (begin + text.first_frame);
-    phrase.end = kFrame * (begin + text.last_frame + 1);
+    phrase.words = std::move(written.words);
+    phrase.begin = kFrame * (begin + text.words[written.first].first_frame);
+    phrase.end = kFrame * (begin + text.words[written.last].last_frame + 1);
     phrase.score = text.certainty;
     phrase.confidence = ConfidenceOf(text.certainty);
     return phrase;
+}
+
+/// "\r" alone, which a line of a log can't bear.
+bool IsBreak(const WrittenPhrase& written) {
+    return written.words.front() == "\r";
+}
+
+bool IsSurelyOwn(const Dictation::Ending& ending) {
+    return ending.own_phrase && ending.own_phrase->phrase.confidence == SECHighConfidence;
+}
+
+/// Whether it is this phrase rather than this text.
+bool IsOwn(const Dictation::OwnPhrase& own, const DictatedText& text) {
+    const double frames = static_cast<double>((own.phrase.end - own.phrase.begin) / kFrame);
+    const double better = std::max(0.0, text.acoustic - own.acoustic) / std::max(1.0, frames);
+    if (text.certainty >= kSureText && better >= kFitOfSureText) return false;
+    return own.phrase.confidence == SECHighConfidence ||
+           own.phrase.score - kScorePerFit * better >= kLeastOwnScore;
 }
 
 }  // namespace
@@ -54,19 +91,13 @@ Dictation::~Dictation() {
     if (thread_.joinable()) thread_.join();
 }
 
-// The model itself loads later, on the thread, where nobody could be told of a failure.
-void Dictation::CheckFiles() const {
-    for (const std::string& file :
-         {model_.dictionary, model_.language_model, model_.acoustic_model + "/mdef"})
-        if (!std::ifstream(file)) throw RuntimeError(kAutomationError, "Dictation needs " + file);
-}
-
 void Dictation::Want(bool wanted) {
     {
         const std::lock_guard lock(mutex_);
         if (wanted == wanted_) return;
         wanted_ = wanted;
         failed_ = false;
+        anew_ = anew_ || wanted;
         // What is heard now goes on, in case that dictation comes back before it is over.
         if (!wanted)
             std::erase_if(queue_, [](const auto& said) { return said->ending.has_value(); });
@@ -78,6 +109,7 @@ void Dictation::Want(bool wanted) {
 void Dictation::Begin(std::weak_ptr<ResultTarget> target, std::int64_t begin,
                       std::span<const std::int16_t> sound, bool suppose) {
     Drop();
+    if (IsFull()) return;
     hearing_ = std::make_shared<Utterance>();
     hearing_->target = std::move(target);
     hearing_->sound.assign(sound.begin(), sound.end());
@@ -90,6 +122,12 @@ void Dictation::Begin(std::weak_ptr<ResultTarget> target, std::int64_t begin,
     changed_.notify_all();
 }
 
+bool Dictation::IsFull() {
+    const std::lock_guard lock(mutex_);
+    const auto waiting = [](std::size_t sum, const auto& said) { return sum + said->sound.size(); };
+    return std::accumulate(queue_.begin(), queue_.end(), std::size_t{0}, waiting) >= kMostWaiting;
+}
+
 void Dictation::Hear(std::span<const std::int16_t> sound) {
     if (!hearing_) return;
     const std::size_t before = hearing_->sound.size() / kSamplesPerHypothesis;
@@ -100,14 +138,14 @@ void Dictation::Hear(std::span<const std::int16_t> sound) {
     if (hearing_->sound.size() / kSamplesPerHypothesis != before) changed_.notify_all();
 }
 
-void Dictation::Write(const Ending& ending) {
+void Dictation::Write(Ending ending) {
     if (!hearing_) return;
     {
         const std::lock_guard lock(mutex_);
         const auto frames = static_cast<std::size_t>(ending.end - hearing_->begin);
         if (hearing_->sound.size() > frames * Endpointer::kFrameSamples)
             hearing_->sound.resize(frames * Endpointer::kFrameSamples);
-        hearing_->ending = ending;
+        hearing_->ending = std::move(ending);
     }
     hearing_.reset();
     changed_.notify_all();
@@ -143,10 +181,10 @@ Dictation::Task Dictation::NextTask() const {
     if (wanted_ && !decoder_ && !failed_) return Task::load;
     if (queue_.empty()) return Task::none;
     const Utterance& first = *queue_.front();
-    // Where it can't be written it still is taken off the queue.
-    if (first.dropped || (first.ending && !decoder_)) return Task::discard;
+    if (first.dropped) return Task::discard;
+    // Where no text can be written, a phrase such as "quit dictation" still can.
+    if (first.ending) return decoder_ || IsSurelyOwn(*first.ending) ? Task::write : Task::discard;
     if (!decoder_) return Task::none;
-    if (first.ending) return Task::write;
     const bool news = first.sound.size() >= supposed_at_ + kSamplesPerHypothesis;
     return first.suppose && news ? Task::follow : Task::none;
 }
@@ -225,30 +263,63 @@ void Dictation::Follow(std::unique_lock<std::mutex>& lock) {
 
 void Dictation::Suppose(const Utterance& utterance) {
     const auto since = Clock::now();
-    RecognisedPhrase phrase = PhraseOf(decoder_->LiveText(), utterance.begin);
-    if (phrase.words.empty() || phrase.words == supposed_) return;
-    supposed_ = phrase.words;
+    const DictatedText text = decoder_->LiveText();
+    // The text goes on from here once all of it has been said, not from what is supposed.
+    TextWriter writer = writer_;
+    std::vector<std::string> words;
+    for (const WrittenPhrase& written : writer.Write(SpokenWords(text)))
+        if (!IsBreak(written))
+            words.insert(words.end(), written.words.begin(), written.words.end());
+    if (words.empty() || words == supposed_) return;
+    supposed_ = words;
+    RecognisedPhrase phrase =
+        PhraseOf({.words = std::move(words), .first = 0, .last = text.words.size() - 1}, text,
+                 utterance.begin);
     phrase.latency = Clock::now() - since;
     reporter_.Supposed(utterance.target, std::move(phrase));
 }
 
+/// The phrases that an utterance is.
+std::vector<RecognisedPhrase> Dictation::Read(const Utterance& utterance) {
+    const std::optional<OwnPhrase>& own = utterance.ending->own_phrase;
+    const DictatedText text = decoder_ ? decoder_->Decode(utterance.sound) : DictatedText{};
+    std::vector<RecognisedPhrase> phrases;
+    if (own && IsOwn(*own, text)) {
+        for (WrittenPhrase& written : writer_.Write(own->phrase.words)) {
+            phrases.push_back(own->phrase);
+            phrases.back().words = std::move(written.words);
+        }
+    } else {
+        for (WrittenPhrase& written : writer_.Write(SpokenWords(text)))
+            phrases.push_back(PhraseOf(std::move(written), text, utterance.begin));
+    }
+    return phrases;
+}
+
 void Dictation::WriteFirst(std::unique_lock<std::mutex>& lock) {
     const std::shared_ptr<Utterance> utterance = queue_.front();
+    if (std::exchange(anew_, false)) writer_.StartAnew();
     lock.unlock();
-    RecognisedPhrase phrase = PhraseOf(decoder_->Decode(utterance->sound), utterance->begin);
+    std::vector<RecognisedPhrase> phrases = Read(*utterance);
     const Ending& ending = *utterance->ending;
-    phrase.spoken_until = kFrame * ending.last_loud;
-    phrase.latency = kFrame * (ending.known - ending.last_loud) + (Clock::now() - ending.since);
+    const auto spoken_until = kFrame * ending.last_loud;
+    const auto latency = kFrame * (ending.known - ending.last_loud) + (Clock::now() - ending.since);
+    const bool heard = !phrases.empty();
+    if (!heard) {
+        phrases.emplace_back();
+        phrases.back().begin = kFrame * utterance->begin;
+        phrases.back().end = spoken_until;
+    }
     lock.lock();
-    // Dictation may have ended meanwhile, or the engine be about to.
-    if (wanted_ && !stopping_) {
-        if (phrase.words.empty()) {
-            phrase.begin = kFrame * utterance->begin;
-            phrase.end = phrase.spoken_until;
-            reporter_.NothingIn(std::move(phrase));
-        } else {
+    for (RecognisedPhrase& phrase : phrases) {
+        // Dictation may have ended meanwhile, or the engine be about to.
+        if (!wanted_ || stopping_) break;
+        phrase.spoken_until = spoken_until;
+        phrase.latency = latency;
+        if (heard)
             reporter_.Recognised(utterance->target, std::move(phrase));
-        }
+        else
+            reporter_.NothingIn(std::move(phrase));
     }
     std::erase(queue_, utterance);
     changed_.notify_all();

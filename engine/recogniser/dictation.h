@@ -15,6 +15,7 @@
 
 #include "engine/recogniser/dictation_decoder.h"
 #include "engine/recogniser/reporter.h"
+#include "engine/recogniser/text_writer.h"
 
 namespace corvane::engine {
 
@@ -25,12 +26,19 @@ class Dictation {
 public:
     using Clock = std::chrono::steady_clock;
 
+    /// What else an utterance may be, all of it: a phrase that edits the text or names a mark.
+    struct OwnPhrase {
+        RecognisedPhrase phrase;
+        double acoustic = 0.0;  ///< how far its path's sounds lie below the best there are
+    };
+
     /// How an utterance ended; positions count frames of the stream from 0.
     struct Ending {
         std::int64_t last_loud = 0;
         std::int64_t end = 0;     ///< where it ends; sound behind that is not of it
         std::int64_t known = 0;   ///< where it was clear that it is over
         Clock::time_point since;  ///< and when
+        std::optional<OwnPhrase> own_phrase;
     };
 
     Dictation(DictationModel model, const Reporter& reporter);
@@ -41,8 +49,8 @@ public:
 
     // For the loop's thread.
 
-    /// Raises kAutomationError when the model's files can't be read.
-    void CheckFiles() const;
+    /// Raises kAutomationError when the model can't be read; takes some hundredths of a second.
+    void CheckModel() const { CheckDictationModel(model_); }
     /// Whether text is wanted: loads what that takes, or gives it back and forgets what was said.
     void Want(bool wanted);
     /// Waits until all that was to be written is.
@@ -51,12 +59,13 @@ public:
     // For the listening thread.
 
     /// An utterance has begun; `sound` is what there is of it, from the frame `begin` of the
-    /// stream. `target` is told suppositions of it if it is to `suppose`.
+    /// stream. `target` is told suppositions of it if it is to `suppose`. It is not taken, nor is
+    /// what else is told of it, while minutes of sound still wait to be written.
     void Begin(std::weak_ptr<ResultTarget> target, std::int64_t begin,
                std::span<const std::int16_t> sound, bool suppose);
     void Hear(std::span<const std::int16_t> sound);
-    /// The utterance is over and is text.
-    void Write(const Ending& ending);
+    /// The utterance is over and is text, or dictation's own phrase.
+    void Write(Ending ending);
     /// The utterance is no text.
     void Drop();
     [[nodiscard]] bool Hearing() const { return hearing_ != nullptr; }
@@ -74,6 +83,7 @@ private:
     /// Why the thread wakes up.
     enum class Task { none, load, unload, discard, write, follow };
 
+    [[nodiscard]] bool IsFull();
     void Run();
     void TakeFirst();
     [[nodiscard]] Task NextTask() const;
@@ -82,6 +92,7 @@ private:
     void Follow(std::unique_lock<std::mutex>& lock);
     void WriteFirst(std::unique_lock<std::mutex>& lock);
     void Suppose(const Utterance& utterance);
+    [[nodiscard]] std::vector<RecognisedPhrase> Read(const Utterance& utterance);
 
     DictationModel model_;
     const Reporter& reporter_;
@@ -91,6 +102,7 @@ private:
     // Guarded by mutex_.
     std::deque<std::shared_ptr<Utterance>> queue_;
     bool wanted_ = false;
+    bool anew_ = false;    ///< the next text is the first
     bool failed_ = false;  ///< the model could not be loaded
     bool stopping_ = false;
 
@@ -98,6 +110,7 @@ private:
 
     // The own thread's.
     std::unique_ptr<DictationDecoder> decoder_;
+    TextWriter writer_;
     std::shared_ptr<Utterance> followed_utterance_;  ///< the first of the queue
     std::size_t followed_ = 0;                       ///< samples of it that were decoded live
     std::size_t supposed_at_ = 0;  ///< how many there were at the last supposition

@@ -18,17 +18,26 @@ struct DictationModel {
     std::string language_model;  ///< n-grams of the dictionary's words
 };
 
+/// Raises kAutomationError when something of the model can't be read, or its n-grams are none.
+void CheckDictationModel(const DictationModel& model);
+
 /// Text that was said, and how sure that is.
 struct DictatedText {
-    std::vector<std::string> words;
-    int first_frame = 0;  ///< of the first word, from the beginning of the utterance, 10 ms each
-    int last_frame = 0;   ///< of the last word
+    struct Word {
+        std::string text;     ///< as in the dictionary, or the token of a mark (spoken_marks.h)
+        int first_frame = 0;  ///< from the beginning of the utterance, 10 ms each
+        int last_frame = 0;
+    };
+    std::vector<Word> words;
     /// Mean posterior probability of the words among all readings the search has kept; 0 while the
     /// utterance is not over.
     double certainty = 0.0;
+    /// How far its sounds lie below the best there are, summed over the utterance's frames; to be
+    /// compared with a Path's.
+    double acoustic = 0.0;
 };
 
-/// The search for any text at all, by an n-gram model, on PocketSphinx. Takes about 100 MB and a
+/// The search for any text at all, by an n-gram model, on PocketSphinx. Takes about 120 MB and a
 /// quarter of a second to load. For one thread at a time.
 class DictationDecoder {
 public:
@@ -38,18 +47,21 @@ public:
     DictationDecoder(const DictationDecoder&) = delete;
     DictationDecoder& operator=(const DictationDecoder&) = delete;
 
-    /// Decodes as the sound arrives, less exactly than the whole utterance: at the beginning of a
-    /// session a live reading has twice the errors, since it does not know the voice's mean yet.
+    /// Decodes as the sound arrives, less exactly than the whole utterance: in one pass, and at the
+    /// beginning of a session without the voice's mean.
     void BeginLive();
     void FeedLive(std::span<const std::int16_t> samples);
     [[nodiscard]] DictatedText LiveText();
     void EndLive();
 
-    /// Decodes a whole utterance. Breaks off a live one.
+    /// Decodes a whole utterance: the same one gives the same text, whatever was heard before.
+    /// Breaks off a live one.
     [[nodiscard]] DictatedText Decode(std::span<const std::int16_t> utterance);
 
 private:
-    [[nodiscard]] bool StartUtterance();
+    void LoadSearches(const std::string& language_model);
+    void TeachMarks();
+    [[nodiscard]] bool StartUtterance(const char* search);
     [[nodiscard]] DictatedText CurrentText();
 
     struct FreeDecoder {

@@ -25,6 +25,12 @@ bool IsWord(const PathSegment& segment) {
     return segment.word != PathSegment::kFiller;
 }
 
+double AcousticOf(const Path& path) {
+    double sum = 0.0;
+    for (const PathSegment& segment : path) sum += segment.acoustic;
+    return sum;
+}
+
 }  // namespace
 
 Listener::Listener(std::unique_ptr<Decoder> decoder, AudioSource& source, Dictation& dictation,
@@ -197,10 +203,12 @@ void Listener::Suppose() {
     const Path path = decoder_->LivePath();
     std::optional<RecognisedPhrase> phrase = PhraseOf(path, since);
     if (!phrase || phrase->words == supposed_) return;
+    // Dictation supposes what its text is; until all is said it may begin like one of these.
+    if (RuleOf(path).of_dictation) return;
     supposed_ = phrase->words;
     // What is still being said may yet turn out to be something else.
     phrase->confidence = std::min(phrase->confidence, SECNormalConfidence);
-    reporter_.Supposed(TargetOf(path), *std::move(phrase));
+    reporter_.Supposed(RuleOf(path).target, *std::move(phrase));
 }
 
 void Listener::EndUtterance() {
@@ -229,11 +237,21 @@ void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
                     Clock::time_point since) {
     const std::int64_t last_loud = endpointer_.LastLoud();
     const std::int64_t position = endpointer_.Position();
+    const bool of_dictation = phrase && RuleOf(path).of_dictation;
     // What is surely a command is no text; all else is, where somebody dictates.
-    if (vocabulary_->dictating && (!phrase || phrase->confidence < SECHighConfidence)) {
+    if (vocabulary_->dictating &&
+        (of_dictation || !phrase || phrase->confidence < SECHighConfidence)) {
         if (!dictation_.Hearing()) BeginText(false);
-        return dictation_.Write(
-            {.last_loud = last_loud, .end = endpointer_.End(), .known = position, .since = since});
+        if (dictation_.Hearing()) {
+            Dictation::Ending ending{.last_loud = last_loud,
+                                     .end = endpointer_.End(),
+                                     .known = position,
+                                     .since = since,
+                                     .own_phrase = {}};
+            if (of_dictation) ending.own_phrase = {*std::move(phrase), AcousticOf(path)};
+            return dictation_.Write(std::move(ending));
+        }
+        phrase.reset();
     }
     dictation_.Drop();
     const bool heard = phrase.has_value();
@@ -245,7 +263,7 @@ void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
     phrase->spoken_until = kFrame * last_loud;
     phrase->latency = kFrame * (position - last_loud) + (Clock::now() - since);
     if (heard)
-        reporter_.Recognised(TargetOf(path), *std::move(phrase));
+        reporter_.Recognised(RuleOf(path).target, *std::move(phrase));
     else
         reporter_.NothingIn(*std::move(phrase));
 }
@@ -268,8 +286,7 @@ std::optional<RecognisedPhrase> Listener::PhraseOf(const Path& path,
         phrase.end = kFrame * (endpointer_.Begin() + segment->last_frame + 1);
     }
     phrase.begin = kFrame * (endpointer_.Begin() + first->first_frame);
-    const int rule = words[static_cast<std::size_t>(first->word)].rule;
-    phrase.rule = vocabulary_->rules[static_cast<std::size_t>(rule)].name;
+    phrase.rule = RuleOf(path).name;
     phrase.score = ConfidenceScore(path, vocabulary_->graph);
     phrase.confidence = ConfidenceLevel(phrase.score);
     phrase.features = FeaturesOf(path, vocabulary_->graph);
@@ -277,10 +294,10 @@ std::optional<RecognisedPhrase> Listener::PhraseOf(const Path& path,
     return phrase;
 }
 
-std::weak_ptr<ResultTarget> Listener::TargetOf(const Path& path) const {
+const Vocabulary::Rule& Listener::RuleOf(const Path& path) const {
     const auto word = static_cast<std::size_t>(std::ranges::find_if(path, IsWord)->word);
     const auto rule = static_cast<std::size_t>(vocabulary_->graph.words[word].rule);
-    return vocabulary_->rules[rule].target;
+    return vocabulary_->rules[rule];
 }
 
 }  // namespace corvane::engine

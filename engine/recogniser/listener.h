@@ -72,7 +72,7 @@ private:
     [[nodiscard]] std::span<const std::int16_t> Sound(std::int64_t begin, std::int64_t end) const;
     [[nodiscard]] std::optional<RecognisedPhrase> PhraseOf(const Path& path,
                                                            Clock::time_point since) const;
-    [[nodiscard]] std::weak_ptr<ResultTarget> TargetOf(const Path& path) const;
+    [[nodiscard]] const Vocabulary::Rule& RuleOf(const Path& path) const;
 
     std::unique_ptr<Decoder> decoder_;
     AudioSource& source_;

@@ -101,7 +101,7 @@ void RecoGrammar::DictationUnload() {
 
 // A state that can't be had is not taken.
 void RecoGrammar::SetDictation(DictationState state) {
-    if (state == DictationState::loaded) recogniser_->CheckDictation();
+    if (state == DictationState::loaded) recogniser_->PrepareDictation();
     dictation_ = state;
     Change();
 }

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "engine/recogniser/spoken_marks.h"
+
 namespace corvane::engine {
 
 Recogniser::Recogniser(const DictationModel& model, AudioSource& source, Reporter::Post post,
@@ -39,13 +41,24 @@ void Recogniser::RulesChanged() {
         }
         vocabulary->holds_from = std::max(vocabulary->holds_from, client->RulesDue());
     }
+    if (vocabulary->dictating) {
+        for (const GrammarRule& rule : dictation_phrases_.rules) {
+            rules.push_back(&rule);
+            vocabulary->rules.push_back(
+                {.name = rule.name, .target = vocabulary->dictation_target, .of_dictation = true});
+        }
+    }
     vocabulary->graph = CompileGraph(rules, lexicon_);
     dictation_->Want(dictation_loaded);
     listener_->SetVocabulary(std::move(vocabulary));
 }
 
-void Recogniser::CheckDictation() const {
-    if (dictation_) dictation_->CheckFiles();
+void Recogniser::PrepareDictation() {
+    if (!dictation_) return;
+    dictation_->CheckModel();
+    if (!dictation_phrases_.rules.empty()) return;
+    dictation_phrases_ = DictationPhrases();
+    lexicon_.Learn(dictation_phrases_);
 }
 
 void Recogniser::InterestsChanged() {

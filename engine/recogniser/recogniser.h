@@ -31,8 +31,9 @@ public:
     /// gone.
     void RulesChanged();
 
-    /// Raises kAutomationError when there is nothing to dictate with.
-    void CheckDictation() const;
+    /// To be called before a client dictates. Raises kAutomationError when there is nothing to
+    /// dictate with.
+    void PrepareDictation();
 
     /// To be called when a client has other interests; the first interest of all starts listening.
     void InterestsChanged();
@@ -44,6 +45,7 @@ public:
 
 private:
     Lexicon lexicon_;
+    Grammar dictation_phrases_;  ///< once somebody dictates
     std::shared_ptr<Audience> audience_ = std::make_shared<Audience>();
     Reporter reporter_;
     // Empty once stopped. The listener uses the dictation.

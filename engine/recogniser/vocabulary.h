@@ -28,6 +28,7 @@ struct Vocabulary {
     struct Rule {
         std::string name;
         std::weak_ptr<ResultTarget> target;
+        bool of_dictation = false;  ///< edits the text or names a mark of it; has no name
     };
     WordGraph graph;
     std::vector<Rule> rules;  ///< by the graph's rule indexes

@@ -79,7 +79,7 @@ class ISpeechPhraseInfo {
 public:
     virtual ~ISpeechPhraseInfo() = default;
     /// The phrase as display text, in the grammar's own spelling, words parted by one blank;
-    /// dictated text in the dictionary's.
+    /// dictated text as it is read: signs at their words, capitals where a sentence begins.
     /// StartElement counts words from 0; Elements -1 means all that follow.
     [[nodiscard]] virtual std::string GetText(std::int32_t StartElement, std::int32_t Elements,
                                               bool UseReplacements) const = 0;
@@ -119,17 +119,20 @@ public:
     /// Rules of the loaded grammar; none before a load.
     [[nodiscard]] virtual std::shared_ptr<ISpeechGrammarRules> Rules() const = 0;
     /// RuleId 0 stands for all top-level rules that are marked ACTIVE. Raises when there is no rule
-    /// of that Id, and when rules are to be active where there are none at all; to make none of none
-    /// inactive is no error.
+    /// of that Id, and when rules are to be active where there are none at all; to make none of
+    /// none inactive is no error.
     virtual void CmdSetRuleIdState(std::int32_t RuleId, std::int32_t State) = 0;
 
     /// Loads free dictation, of the topic "", the general one; any other raises. It is not active
     /// yet. Returns at once: what is said while the engine still loads is told when it has loaded.
-    /// Loading twice is loading once.
+    /// Raises where there is nothing to dictate with. Loading twice is loading once.
     virtual void DictationLoad(const std::string& TopicName, std::int32_t LoadOption) = 0;
     /// While dictation is active, whatever is said and is no command of an active rule, heard with
-    /// high confidence, is recognised as text whose rule has an empty name. Where several grammars
-    /// dictate, the context that was created last is told. Raises before a DictationLoad.
+    /// high confidence, is recognised as text whose rule has an empty name. A sign is dictated by
+    /// its name; a line break is a text of its own, "\r". The phrases "delete", "train that",
+    /// "quit dictation", "clear everything", "scratch that" and "print page", said alone, are told
+    /// in just these words. Where several grammars dictate, the context that was created last is
+    /// told. Raises before a DictationLoad.
     virtual void DictationSetState(std::int32_t State) = 0;
     /// Ends dictation, what is said but not told yet included, and gives back what it took. Raises
     /// when none is loaded.

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <cmath>
 #include <csignal>
 
 #include "engine/grammar/grammar_loader.h"
@@ -55,6 +56,22 @@ protected:
     std::unique_ptr<Decoder> decoder_;
     testing::Sound said_;
 };
+
+/// The sound's scores, summed.
+double AcousticOf(const Path& path) {
+    double sum = 0.0;
+    for (const PathSegment& segment : path) sum += segment.acoustic;
+    return sum;
+}
+
+TEST_F(DecoderLog, WholeUtteranceIsNormalisedByItselfAlsoBehindALivePass) {
+    const double before = AcousticOf(decoder_->Decode(said_));
+    decoder_->BeginLive();
+    decoder_->FeedLive(testing::Say("what time is it", "rms"));
+    decoder_->EndLive();
+    // Dither moves it by some thousandths.
+    EXPECT_NEAR(AcousticOf(decoder_->Decode(said_)), before, 0.02 * std::abs(before));
+}
 
 TEST_F(DecoderLog, AWholeUtteranceHasEvidenceOfItsPhones) {
     const Path path = decoder_->Decode(said_);

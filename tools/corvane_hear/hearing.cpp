@@ -188,7 +188,8 @@ void Hearing::Print(const char* event, const RecognisedPhrase& phrase) const {
     if (paced_ != nullptr && phrase.spoken_until.count() > 0)
         latency = messages_.Posted() - (paced_->Begin() + phrase.spoken_until);
     std::string text;
-    for (const std::string& word : phrase.words) text += (text.empty() ? "" : " ") + word;
+    for (const std::string& word : phrase.words)
+        text += (text.empty() ? "" : " ") + (word == "\r" ? R"(\r)" : word);
     std::printf("%s\t%s\t%s\t%d\t%.3f\t%lld\t%lld\t%.0f\t%s\n", file_.c_str(), event,
                 phrase.rule.c_str(), phrase.confidence, phrase.score,
                 static_cast<long long>(phrase.begin.count()),
