@@ -2,6 +2,7 @@
 #include "linux/linux_platform.h"
 
 #include <QApplication>
+#include <QDBusConnection>
 #include <utility>
 
 #include "engine/audio/pulse_capture.h"
@@ -12,12 +13,17 @@
 #include "linux/linux_runtime.h"
 #include "linux/printing/printer.h"
 #include "linux/qt_message_queue.h"
+#include "linux/session/accessibility_relay.h"
 #include "linux/session/x11_keys.h"
 #include "linux/settings/registry.h"
 #include "linux/shell/automation.h"
-#include "linux/shell/tray.h"
+#include "linux/shell/shell32.h"
 #include "linux/system/connection.h"
+#include "linux/system/device_calls.h"
+#include "linux/system/disc_players.h"
 #include "linux/system/kernel32.h"
+#include "linux/system/process_tokens.h"
+#include "linux/system/session_end.h"
 #include "linux/windows/qt_toolkit.h"
 #include "linux/windows/user32.h"
 
@@ -47,7 +53,9 @@ private:
 struct LinuxPlatform::World {
     World(int& argc, char** argv)
         : qt(argc, argv),
-          runtime(std::make_unique<X11Keys>([this] { messages.DoEvents(); })),
+          runtime(std::make_unique<X11Keys>(
+              [this] { messages.DoEvents(); },
+              [this](pid_t program) { return relay.WaitForKeysOf(program); })),
           speech(
               SpeechEngineConfig(),
               [this](std::function<void()> message) { messages.Post(std::move(message)); },
@@ -56,15 +64,20 @@ struct LinuxPlatform::World {
     QtApplication qt;
     QtMessageQueue messages;
     FileSystem files;
+    AccessibilityRelay relay{[this] { messages.DoEvents(); }};
     LinuxRuntime runtime;
     DesktopClipboard clipboard{MakeSessionClipboard()};
     QtToolkit windows{runtime.ExecutableFolder() + "/pictures"};
     Automation automation;
     Registry registry{Registry::FileOfPerson()};
-    Tray tray;
-    User32 user32{windows.Controls(), windows.Gdi32()};
+    Shell32 shell;
+    QDBusConnection system_bus = QDBusConnection::systemBus();
+    ProcessTokens tokens;
+    SessionEnd session_end{system_bus, tokens};
+    User32 user32{MakeSessionWindows(), windows.Controls(), windows.Gdi32(), &session_end};
     Kernel32 kernel32{runtime.ExecutableFolder()};
-    Connection connection;
+    Connection connection{system_bus};
+    DiscPlayers players{std::make_shared<MachineDevices>(system_bus)};
     Printer printer{windows.Gdi32(), windows.ChosenPrinter()};
     SpeechEngine speech;  // last: its thread posts to the messages
 };
@@ -82,12 +95,14 @@ Platform LinuxPlatform::Parts() {
             .speech = world_->speech,
             .automation = world_->automation,
             .advapi32 = world_->registry,
-            .shell32 = world_->tray,
+            .shell32 = world_->shell,
             .user32 = world_->user32,
             .clipboard = world_->clipboard,
             .gdi32 = world_->windows.Gdi32(),
             .kernel32 = world_->kernel32,
             .wininet = world_->connection,
+            .tokens = world_->tokens,
+            .winmm = world_->players,
             .printer = world_->printer};
 }
 

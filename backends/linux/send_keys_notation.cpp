@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string>
+#include <utility>
 
 #include "linux/text_positions.h"
 #include "platform/error.h"
@@ -14,13 +16,16 @@ namespace {
 struct KeyName {
     std::u32string_view name;
     NamedKey key;
+    bool control = false;
 };
 
 constexpr auto kNames = std::to_array<KeyName>({
     {U"BACKSPACE", NamedKey::Backspace},
     {U"BKSP", NamedKey::Backspace},
+    {U"BREAK", NamedKey::Pause, true},
     {U"BS", NamedKey::Backspace},
     {U"CAPSLOCK", NamedKey::CapsLock},
+    {U"CLEAR", NamedKey::Clear},
     {U"DEL", NamedKey::Delete},
     {U"DELETE", NamedKey::Delete},
     {U"DOWN", NamedKey::Down},
@@ -35,6 +40,7 @@ constexpr auto kNames = std::to_array<KeyName>({
     {U"NUMLOCK", NamedKey::NumLock},
     {U"PGDN", NamedKey::PageDown},
     {U"PGUP", NamedKey::PageUp},
+    {U"PRTSC", NamedKey::PrintScreen},
     {U"RIGHT", NamedKey::Right},
     {U"SCROLLLOCK", NamedKey::ScrollLock},
     {U"TAB", NamedKey::Tab},
@@ -51,6 +57,10 @@ constexpr auto kNames = std::to_array<KeyName>({
     {U"F10", NamedKey::F10},
     {U"F11", NamedKey::F11},
     {U"F12", NamedKey::F12},
+    {U"F13", NamedKey::F13},
+    {U"F14", NamedKey::F14},
+    {U"F15", NamedKey::F15},
+    {U"F16", NamedKey::F16},
 });
 
 [[noreturn]] void RefuseNotation() {
@@ -59,13 +69,6 @@ constexpr auto kNames = std::to_array<KeyName>({
 
 char32_t Capital(char32_t character) {
     return character >= U'a' && character <= U'z' ? character - U'a' + U'A' : character;
-}
-
-std::variant<char32_t, NamedKey> BracedKey(std::u32string_view name) {
-    if (name.size() == 1) return name.front();
-    for (const KeyName& row : kNames)
-        if (std::ranges::equal(name, row.name, {}, Capital)) return row.key;
-    RefuseNotation();
 }
 
 /// A control character is the combination of keys that makes it.
@@ -77,6 +80,7 @@ KeyStroke ControlStroke(char32_t character) {
         case U'\t':
             return {NamedKey::Tab};
         case U'\r':
+        case U'\n':
             return {NamedKey::Enter};
         case U'\x1B':
             return {NamedKey::Escape};
@@ -91,47 +95,144 @@ KeyStroke ControlStroke(char32_t character) {
     return {.key = is_letter ? letter - U'A' + U'a' : letter, .control = true};
 }
 
-constexpr bool IsControl(char32_t character) {
-    return character < 0x20 || character == 0x7F;
+KeyStroke CharacterStroke(char32_t character) {
+    const bool is_control = character < 0x20 || character == 0x7F;
+    return is_control ? ControlStroke(character) : KeyStroke{character};
 }
+
+KeyStroke NamedStroke(std::u32string_view name) {
+    if (name.size() == 1) return CharacterStroke(name.front());
+    for (const KeyName& row : kNames)
+        if (std::ranges::equal(name, row.name, {}, Capital))
+            return {.key = row.key, .control = row.control};
+    RefuseNotation();
+}
+
+/// How often a key is struck; at most what the system's Integer holds.
+int Repetitions(std::u32string_view digits) {
+    constexpr int kMost = 32767;
+    if (digits.empty()) RefuseNotation();
+    int count = 0;
+    for (const char32_t digit : digits) {
+        if (digit < U'0' || digit > U'9') RefuseNotation();
+        count = count * 10 + static_cast<int>(digit - U'0');
+        if (count > kMost) RefuseNotation();
+    }
+    return count;
+}
+
+struct Modifiers {
+    bool control = false;
+    bool shift = false;
+    bool alt = false;
+
+    [[nodiscard]] bool any() const { return control || shift || alt; }
+    friend Modifiers operator|(Modifiers a, Modifiers b) {
+        return {a.control || b.control, a.shift || b.shift, a.alt || b.alt};
+    }
+};
+
+class Parser {
+public:
+    explicit Parser(std::u32string_view keys) : rest_(keys) {}
+
+    std::vector<KeyStroke> Parse() {
+        while (!rest_.empty()) ParseNext();
+        if (prefix_.any() || !groups_.empty()) RefuseNotation();
+        return std::move(strokes_);
+    }
+
+private:
+    struct Group {
+        Modifiers around;   // what is held outside of it
+        std::size_t begin;  // its first stroke
+    };
+
+    void ParseNext() {
+        switch (const char32_t character = Take()) {
+            case U'^':
+                prefix_.control = true;
+                return;
+            case U'+':
+                prefix_.shift = true;
+                return;
+            case U'%':
+                prefix_.alt = true;
+                return;
+            case U'(':
+                groups_.push_back({held_, strokes_.size()});
+                held_ = held_ | std::exchange(prefix_, {});
+                return;
+            case U')':
+                EndGroup();
+                return;
+            case U'{':
+                ParseBraces();
+                return;
+            case U'}':
+                RefuseNotation();
+            case U'~':
+                Add({NamedKey::Enter}, 1);
+                return;
+            case U'\r':
+                // One key for one line end.
+                if (rest_.starts_with(U'\n')) Take();
+                Add({NamedKey::Enter}, 1);
+                return;
+            default:
+                Add(CharacterStroke(character), 1);
+        }
+    }
+
+    char32_t Take() {
+        const char32_t character = rest_.front();
+        rest_.remove_prefix(1);
+        return character;
+    }
+
+    void EndGroup() {
+        if (groups_.empty() || prefix_.any()) RefuseNotation();
+        const Group group = groups_.back();
+        groups_.pop_back();
+        held_ = group.around;
+        if (!held_.any() && strokes_.size() > group.begin) strokes_.back().joined = false;
+    }
+
+    void ParseBraces() {
+        // The brace that closes may itself be the key, "{}}", and so may a blank, "{ }".
+        const std::size_t end = rest_.find(U'}', 1);
+        if (end == std::u32string_view::npos) RefuseNotation();
+        const std::u32string_view inside = rest_.substr(0, end);
+        rest_.remove_prefix(end + 1);
+        const std::size_t blank = inside.find(U' ', 1);
+        if (blank == std::u32string_view::npos) return Add(NamedStroke(inside), 1);
+        const std::size_t digits = inside.find_first_not_of(U' ', blank);
+        if (digits == std::u32string_view::npos) RefuseNotation();
+        Add(NamedStroke(inside.substr(0, blank)), Repetitions(inside.substr(digits)));
+    }
+
+    void Add(KeyStroke stroke, int count) {
+        const Modifiers modifiers = held_ | std::exchange(prefix_, {});
+        stroke.control |= modifiers.control;
+        stroke.shift |= modifiers.shift;
+        stroke.alt |= modifiers.alt;
+        stroke.joined = modifiers.any();
+        strokes_.insert(strokes_.end(), static_cast<std::size_t>(count), stroke);
+        if (count > 0 && !held_.any()) strokes_.back().joined = false;
+    }
+
+    std::u32string_view rest_;
+    Modifiers prefix_;  // for the next key or group
+    Modifiers held_;    // by the groups around
+    std::vector<Group> groups_;
+    std::vector<KeyStroke> strokes_;
+};
 
 }  // namespace
 
 std::vector<KeyStroke> ParseKeys(std::string_view keys) {
     const std::u32string characters = Characters(keys);
-    std::vector<KeyStroke> strokes;
-    KeyStroke next;
-    bool modified = false;
-    for (std::size_t at = 0; at < characters.size(); ++at) {
-        const char32_t character = characters[at];
-        if (character == U'^' || character == U'+' || character == U'%') {
-            (character == U'^' ? next.control : character == U'+' ? next.shift : next.alt) = true;
-            modified = true;
-            continue;
-        }
-        if (character == U'{') {
-            // The brace that closes may itself be the key: "{}}".
-            const std::size_t end = characters.find(U'}', at + 2);
-            if (end == std::u32string::npos) RefuseNotation();
-            next.key = BracedKey(std::u32string_view(characters).substr(at + 1, end - at - 1));
-            at = end;
-        } else if (character == U'~') {
-            next.key = NamedKey::Enter;
-        } else if (character == U'}' || character == U'(' || character == U')') {
-            RefuseNotation();
-        } else if (IsControl(character)) {
-            const KeyStroke combination = ControlStroke(character);
-            next.key = combination.key;
-            next.control |= combination.control;
-        } else {
-            next.key = character;
-        }
-        strokes.push_back(next);
-        next = {};
-        modified = false;
-    }
-    if (modified) RefuseNotation();
-    return strokes;
+    return Parser(characters).Parse();
 }
 
 }  // namespace corvane::linux_desktop

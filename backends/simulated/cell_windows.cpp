@@ -78,13 +78,19 @@ public:
 class CellLabel final : public CellControl<ILabelPeer> {
 public:
     using CellControl::CellControl;
-    void SetCaption(const std::string& caption) override { window_->captions[name_] = caption; }
+    void SetCaption(const std::string& caption) override {
+        record_.Quietly("SetCaption");
+        window_->captions[name_] = caption;
+    }
 };
 
 class CellPicture final : public CellControl<IPicturePeer> {
 public:
     using CellControl::CellControl;
-    void SetPicture(const std::string& name) override { window_->pictures[name_] = name; }
+    void SetPicture(const std::string& name) override {
+        record_.Quietly("SetPicture");
+        window_->pictures[name_] = name;
+    }
 };
 
 class CellList final : public CellControl<IListPeer> {
@@ -178,13 +184,17 @@ ComputedPlace Computed(const TwipsRect& place) {
 class CellWindow final : public IWindowPeer {
 public:
     CellWindow(CellWindows& windows, CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi,
-               std::shared_ptr<ShownWindow> window)
+               Screen& screen, std::shared_ptr<ShownWindow> window)
         : windows_(windows),
           record_(record),
           queue_(queue),
           gdi_(gdi),
+          screen_(screen),
           window_(std::move(window)) {}
-    ~CellWindow() override { window_->visible = false; }
+    ~CellWindow() override {
+        window_->visible = false;
+        screen_.Remove(window_->handle);
+    }
     CellWindow(const CellWindow&) = delete;
     CellWindow& operator=(const CellWindow&) = delete;
 
@@ -195,7 +205,7 @@ public:
     std::unique_ptr<ITextPeer> AddText(const ControlDescription& control,
                                        TextPeerEvents events) override {
         window_->texts[std::string(control.name)] = {std::string(control.text), 0, 0,
-                                                     std::move(events), windows_.NewHandle()};
+                                                     std::move(events), windows_.NewTextHandle()};
         return Place<CellText>(control);
     }
 
@@ -267,6 +277,7 @@ public:
     void Show() override {
         record_.Call("Show", Name());
         window_->visible = true;
+        screen_.BringToFront(window_->handle);
         if (window_->focus.empty()) window_->focus = FirstInTabOrder(*window_);
         windows_.Activate(window_);
     }
@@ -274,6 +285,7 @@ public:
     void ShowModal() override {
         record_.Call("ShowModal", Name());
         window_->visible = window_->modal = true;
+        screen_.BringToFront(window_->handle);
         while (window_->visible) {
             if (queue_.Empty()) throw std::logic_error("nobody closes the modal " + Name());
             queue_.RunNext();
@@ -284,6 +296,7 @@ public:
     void Hide() override {
         record_.Call("Hide", Name());
         window_->visible = false;
+        screen_.LeaveFront(window_->handle);
     }
 
     void SetBorderStyle(BorderStyle style) override { window_->border = style; }
@@ -321,13 +334,14 @@ private:
     CallRecord& record_;
     VirtualQueue& queue_;
     SimulatedGdi& gdi_;
+    Screen& screen_;
     std::shared_ptr<ShownWindow> window_;
 };
 
 }  // namespace
 
-CellWindows::CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi)
-    : record_(record), queue_(queue), gdi_(gdi) {}
+CellWindows::CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi, Screen& screen)
+    : record_(record), queue_(queue), gdi_(gdi), screen_(screen) {}
 
 void ShownWindow::MoveFocus(const std::string& control) {
     const std::string before = std::exchange(focus, control);
@@ -357,11 +371,13 @@ std::unique_ptr<IWindowPeer> CellWindows::CreateWindow(const WindowDescription& 
     auto window = std::make_shared<ShownWindow>();
     window->description = description;
     window->border = description.border;
-    window->handle = NewHandle();
+    window->caption = description.caption;
     window->size = WithFrame(description.client_width, description.client_height);
     window->events = std::move(events);
+    window->OnClose = [events = &window->events] { events->CloseRequested(); };
+    screen_.TakeOwn(window);
     windows_[std::string(description.name)] = window;
-    return std::make_unique<CellWindow>(*this, record_, queue_, gdi_, window);
+    return std::make_unique<CellWindow>(*this, record_, queue_, gdi_, screen_, window);
 }
 
 void CellWindows::Activate(const std::shared_ptr<ShownWindow>& window) {

@@ -11,6 +11,7 @@
 #include "platform/controls.h"
 #include "simulated/call_record.h"
 #include "simulated/control_place.h"
+#include "simulated/screen.h"
 #include "simulated/virtual_queue.h"
 
 namespace corvane::simulated {
@@ -60,7 +61,7 @@ struct ShownCalendar {
 };
 
 /// A window as a person sees it. Controls are found by their names.
-struct ShownWindow {
+struct ShownWindow : TopWindow {
     template <class Shown>
     using ByName = std::map<std::string, Shown, std::less<>>;
 
@@ -68,11 +69,9 @@ struct ShownWindow {
     /// Raises that event of the control, if it is a text.
     void TellText(const std::string& control, std::function<void()> TextPeerEvents::*event);
 
-    bool visible = false;
     bool modal = false;
     WindowDescription description;
     BorderStyle border = BorderStyle::FixedSingle;
-    HWND handle = 0;
     WindowSize size;
     std::string focus;                         // the control that has it
     std::vector<ControlDescription> controls;  // in order of creation
@@ -94,11 +93,12 @@ struct ShownWindow {
 /// A toolkit of windows in memory, and the hands of the person in front of them. The desktop's
 /// frame around a window is 60 twips wide, its title bar 285 twips high. Operations that can be
 /// told to fail: Show, ShowModal, Hide, SetFocus, SetText, SetSelection, SetPlace, AddRow, SetCell,
-/// RemoveRow, SelectRow, SetDate, AskForFile, AskForPrinter.
+/// RemoveRow, SelectRow, SetDate, SetCaption, SetPicture, AskForFile, AskForPrinter.
 class CellWindows final : public IWindowToolkit {
 public:
-    /// `queue` runs while a window is modal; `gdi` draws what draws itself.
-    CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi);
+    /// `queue` runs while a window is modal; `gdi` draws what draws itself; `screen` is shared with
+    /// the windows of other programs.
+    CellWindows(CallRecord& record, VirtualQueue& queue, SimulatedGdi& gdi, Screen& screen);
 
     std::unique_ptr<IWindowPeer> CreateWindow(const WindowDescription& description,
                                               WindowPeerEvents events) override;
@@ -143,7 +143,7 @@ public:
     void Resize(const std::string& window, int client_width, int client_height);
     /// What a person answers when asked for a file; cancels at first.
     std::function<std::optional<std::string>()> OnFileDialog = [] { return std::nullopt; };
-    [[nodiscard]] HWND NewHandle() { return ++last_handle_; }
+    [[nodiscard]] HWND NewTextHandle() { return ++last_text_; }
     /// What a person does with the print dialog; cancels at first.
     std::function<bool()> OnPrintDialog = [] { return false; };
     /// The text control of that handle; nullptr if there is none in any window.
@@ -159,9 +159,10 @@ private:
     CallRecord& record_;
     VirtualQueue& queue_;
     SimulatedGdi& gdi_;
+    Screen& screen_;
     std::map<std::string, std::shared_ptr<ShownWindow>> windows_;
     std::weak_ptr<ShownWindow> active_;
-    HWND last_handle_ = 4000;
+    HWND last_text_ = 6000;
 };
 
 }  // namespace corvane::simulated

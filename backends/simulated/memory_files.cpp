@@ -41,7 +41,8 @@ private:
 
 }  // namespace
 
-MemoryFiles::MemoryFiles(CallRecord& record) : record_(record) {}
+MemoryFiles::MemoryFiles(CallRecord& record, const SimulatedMachine& machine)
+    : record_(record), machine_(machine) {}
 
 std::unique_ptr<ITextStream> MemoryFiles::OpenTextFile(const std::string& path, IOMode /*mode*/,
                                                        bool create) {
@@ -73,6 +74,11 @@ std::int64_t MemoryFiles::FileLen(const std::string& path) {
 void MemoryFiles::DeleteFile(const std::string& path) {
     record_.Call("DeleteFile", path);
     if (files_.erase(path) == 0) throw RuntimeError(kFileNotFound, "File not found: " + path);
+}
+
+std::vector<DriveObject> MemoryFiles::Drives() {
+    record_.Call("Drives");
+    return machine_.Drives();
 }
 
 std::optional<std::string> MemoryFiles::Bytes(const std::string& path) const {

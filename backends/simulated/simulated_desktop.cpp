@@ -3,9 +3,27 @@
 
 namespace corvane::simulated {
 
+SimulatedDesktop::SimulatedDesktop() {
+    runtime.OnSendKeys = [this](const std::string& keys) { screen.Strike(keys); };
+}
+
 Platform SimulatedDesktop::AsPlatform() {
-    return {runtime, queue,  files,     windows, speech,  automation, registry,
-            tray,    user32, clipboard, gdi,     machine, machine,    printer};
+    return {.runtime = runtime,
+            .messages = queue,
+            .files = files,
+            .windows = windows,
+            .speech = speech,
+            .automation = automation,
+            .advapi32 = registry,
+            .shell32 = tray,
+            .user32 = user32,
+            .clipboard = clipboard,
+            .gdi32 = gdi,
+            .kernel32 = machine,
+            .wininet = machine,
+            .tokens = tokens,
+            .winmm = disc_tray,
+            .printer = printer};
 }
 
 void SimulatedDesktop::Drive(const std::function<void()>& act) {

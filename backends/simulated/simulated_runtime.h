@@ -42,7 +42,7 @@ public:
     /// What a person enters into an input box, and does while it stands there; cancels at first.
     std::function<std::string()> OnInputBox = [] { return std::string(); };
 
-    /// What else happens in the desktop's programs when keys reach them.
+    /// Where keys go; on a whole desktop, to the program of the window in front.
     std::function<void(const std::string& keys)> OnSendKeys = [](const std::string&) {};
 
     /// What the clock shows when the virtual time is 0: Tuesday, 20 November 2001, 15:05 at first.

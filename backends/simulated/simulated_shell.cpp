@@ -38,35 +38,14 @@ bool SimulatedTray::Shell_NotifyIconA(std::uint32_t dwMessage, const NOTIFYICOND
     return true;
 }
 
-SimulatedUser32::SimulatedUser32(CallRecord& record, const CellWindows& windows,
-                                 SimulatedPrinter& printer)
-    : record_(record), windows_(windows), printer_(printer) {}
-
-bool SimulatedUser32::ReleaseCapture() {
-    record_.Call("ReleaseCapture");
-    return true;
-}
-
-std::int32_t SimulatedUser32::SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
-                                           std::int32_t lParam) {
-    record_.Call("SendMessageA", std::to_string(hWnd) + " " + std::to_string(msg) + " " +
-                                     std::to_string(wParam) + " " + std::to_string(lParam));
+std::int32_t SimulatedTray::SHEmptyRecycleBinA(HWND owner, const std::string& rootPath,
+                                               std::uint32_t flags) {
+    record_.Call("SHEmptyRecycleBinA",
+                 std::to_string(owner) + " \"" + rootPath + "\" " + std::to_string(flags));
+    const bool here = rootPath.empty() || rootPath == "C:\\";
+    if (!here || RecycleBin.empty()) return 1;
+    RecycleBin.clear();
     return 0;
-}
-
-std::int32_t SimulatedUser32::SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
-                                           const FORMATRANGE* range) {
-    const ShownText* text = windows_.FindText(hWnd);
-    if (msg != EM_FORMATRANGE || text == nullptr) return 0;
-    if (range != nullptr) return printer_.FormatRange(hWnd, text->text, wParam != 0, *range);
-    record_.Call("FreeLayout");
-    printer_.FreeLayout(hWnd);
-    return 0;
-}
-
-std::int32_t SimulatedUser32::GetSysColor(std::int32_t index) {
-    const auto set = colours_.find(index);
-    return set == colours_.end() ? index * 0x010101 : set->second;
 }
 
 SimulatedAutomation::SimulatedAutomation(CallRecord& record) : record_(record) {}

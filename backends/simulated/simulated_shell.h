@@ -1,56 +1,32 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "platform/automation.h"
 #include "platform/shell32.h"
-#include "platform/user32.h"
 #include "simulated/call_record.h"
-#include "simulated/cell_windows.h"
-#include "simulated/simulated_printer.h"
 
 namespace corvane::simulated {
 
-/// A tray that holds any number of icons.
+/// A tray that holds any number of icons, and a recycle bin.
 class SimulatedTray final : public IShell32 {
 public:
     explicit SimulatedTray(CallRecord& record);
 
     bool Shell_NotifyIconA(std::uint32_t dwMessage, const NOTIFYICONDATA& data) override;
+    std::int32_t SHEmptyRecycleBinA(HWND owner, const std::string& rootPath,
+                                    std::uint32_t flags) override;
 
     [[nodiscard]] const std::vector<NOTIFYICONDATA>& Icons() const { return icons_; }
+    /// What a person has put into the bin. All of it lies on the drive C.
+    std::vector<std::string> RecycleBin;
 
 private:
     CallRecord& record_;
     std::vector<NOTIFYICONDATA> icons_;
-};
-
-/// The window system as it answers calls on any window. Operations that can be told to fail:
-/// SendMessageA, FormatRange.
-class SimulatedUser32 final : public IUser32 {
-public:
-    /// `printer` lays out the texts of `windows`.
-    SimulatedUser32(CallRecord& record, const CellWindows& windows, SimulatedPrinter& printer);
-
-    bool ReleaseCapture() override;
-    std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
-                              std::int32_t lParam) override;
-    std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
-                              const FORMATRANGE* range) override;
-    std::int32_t GetSysColor(std::int32_t index) override;
-
-    /// Every system colour is a grey of its own at first.
-    void SetSysColor(std::int32_t index, std::int32_t rgb) { colours_[index] = rgb; }
-
-private:
-    CallRecord& record_;
-    const CellWindows& windows_;
-    SimulatedPrinter& printer_;
-    std::map<std::int32_t, std::int32_t> colours_;
 };
 
 /// A browser that a person can close. Operations that can be told to fail: CreateInternetExplorer,

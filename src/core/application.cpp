@@ -32,10 +32,11 @@ Application::Application(const Platform& platform)
       help_page_(platform.automation, platform.runtime),
       log_(form2_),
       launcher_(keywords_, platform.runtime),
-      system_(platform.kernel32, loop_),
-      status_monitor_(platform.runtime, platform.kernel32, platform.wininet, system_, form2_),
+      desktop_(platform, loop_, form1_, form2_, SpokenAnswers()),
+      status_monitor_(platform.runtime, platform.kernel32, platform.wininet, desktop_.system,
+                      form2_),
       dispatch_(platform.runtime, paths_, recogniser_, voice_, speaker_, launcher_, form2_, tray_,
-                log_, keywords_, form1_, form3_, dictation_),
+                log_, keywords_, form1_, form3_, desktop_, dictation_),
       feedback_(recogniser_, form2_, log_, pad_log_),
       startup_(loop_, platform.runtime, platform.speech, paths_, keywords_, recogniser_, voice_,
                speaker_, form2_, form4_) {
@@ -83,6 +84,12 @@ std::shared_ptr<Form4> Application::CreateForm4() {
     auto form = std::make_shared<Form4>(platform_.windows, loop_);
     form->Timer1.Tick = [this] { startup_.Form4_Timer1_Timer(); };
     return form;
+}
+
+SystemCommands::Answers Application::SpokenAnswers() {
+    return {.SayFreeSpace = [this](const std::string& drive,
+                                   Long percent) { speaker_.SayFreeSpace(drive, percent); },
+            .SayMemory = [this](Long megabytes) { speaker_.SayMemory(megabytes); }};
 }
 
 std::shared_ptr<Form5> Application::CreateForm5() {

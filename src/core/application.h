@@ -10,9 +10,9 @@
 #include "core/recognition_feedback.h"
 #include "core/startup.h"
 #include "core/text_log.h"
+#include "desktop/desktop_commands.h"
 #include "desktop/keyword_launcher.h"
 #include "desktop/status_monitor.h"
-#include "desktop/system_commands.h"
 #include "dictation/form5.h"
 #include "dictation/pad_log.h"
 #include "dictation/rich_text_printer.h"
@@ -50,6 +50,7 @@ private:
     [[nodiscard]] std::shared_ptr<Form2> CreateForm2();
     [[nodiscard]] std::shared_ptr<Form3> CreateForm3();
     [[nodiscard]] std::shared_ptr<Form4> CreateForm4();
+    [[nodiscard]] SystemCommands::Answers SpokenAnswers();
     [[nodiscard]] std::shared_ptr<Form5> CreateForm5();
     void BindRecogniser();
     void BindVoice();
@@ -78,7 +79,7 @@ private:
     HelpPage help_page_;
     TextLog log_;
     KeywordLauncher launcher_;
-    SystemCommands system_;
+    DesktopCommands desktop_;
     StatusMonitor status_monitor_;
     RecognitionDispatch dispatch_;
     RecognitionFeedback feedback_;

@@ -15,18 +15,23 @@ namespace corvane {
 /// add are in no row; their words are found in the phrase afterwards.
 struct RuleTable {
     using Dispatch = const RecognitionDispatch;
+    using Text = const std::string;
     struct Row {
         std::string_view RuleName;
-        void (*act)(Dispatch& self, const ResumeNext& step);
+        void (*act)(Dispatch& self, const ResumeNext& step, Text& PhraseText);
     };
 
     static void Type(Dispatch& self, const ResumeNext& step, const char* keys) {
         step([&] { self.runtime_.SendKeys(keys, true); });
     }
 
+    static void ShowForeground(Dispatch& self, const ResumeNext& step, ShowCommand nCmdShow) {
+        step([&] { self.desktop_.windows.ShowForegroundWindow(nCmdShow); });
+    }
+
     // The lists are those of the file as it is; what the person then changes reaches them from
     // there.
-    static void ShowAddPrograms(Dispatch& self, const ResumeNext& step) {
+    static void ShowAddPrograms(Dispatch& self, const ResumeNext& step, Text& /*PhraseText*/) {
         KeywordStore& keywords = self.keywords_;
         step([&] { self.add_programs_->Show(); });
         step([&] { self.recogniser_.init_rec(self.paths_.KeywordsXmlPath); });
@@ -34,41 +39,76 @@ struct RuleTable {
         step([&] { keywords.KeywordPaths = keywords.LoadKeywordPaths(); });
     }
 
+    static void CloseCorvane(Dispatch& self, const ResumeNext& step, Text& /*PhraseText*/) {
+        self.speaker_.SayGoodbye(step);
+        self.runtime_.End();
+    }
+
+    static void AnswerPresence(Dispatch& self, const ResumeNext& step, Text& /*PhraseText*/) {
+        step([&] { self.speaker_.Speak(kPresence); });
+        step([&] { self.desktop_.windows.ForceForegroundWindow(self.main_window_->hWnd()); });
+    }
+
     static constexpr std::array kRows = std::to_array<Row>({
-        {"dictation notepad", [](auto& self, auto& step) { self.dictation_.StartInPad(step); }},
-        {"dictate", [](auto& self, auto& step) { self.dictation_.StartInFocusedWindow(step); }},
-        {"hide corvane", [](auto& self, auto& step) { step([&] { self.tray_.HideToTray(); }); }},
-        {"show corvane", [](auto& self, auto& step) { step([&] { self.tray_.ShowFromTray(); }); }},
-        {"copy", [](auto& self, auto& step) { Type(self, step, "^c"); }},
-        {"paste", [](auto& self, auto& step) { Type(self, step, "^v"); }},
-        {"yes", [](auto& self, auto& step) { Type(self, step, "y"); }},
-        {"no", [](auto& self, auto& step) { Type(self, step, "n"); }},
-        {"cancel", [](auto& self, auto& step) { Type(self, step, "{ESC}"); }},
-        {"okay", [](auto& self, auto& step) { Type(self, step, "{ENTER}"); }},
+        {"dictation notepad",
+         [](auto& self, auto& step, auto&) { self.dictation_.StartInPad(step); }},
+        {"dictate",
+         [](auto& self, auto& step, auto&) { self.dictation_.StartInFocusedWindow(step); }},
+        {"hide corvane",
+         [](auto& self, auto& step, auto&) { step([&] { self.tray_.HideToTray(); }); }},
+        {"show corvane",
+         [](auto& self, auto& step, auto&) { step([&] { self.tray_.ShowFromTray(); }); }},
+        {"copy", [](auto& self, auto& step, auto&) { Type(self, step, "^c"); }},
+        {"paste", [](auto& self, auto& step, auto&) { Type(self, step, "^v"); }},
+        {"yes", [](auto& self, auto& step, auto&) { Type(self, step, "y"); }},
+        {"no", [](auto& self, auto& step, auto&) { Type(self, step, "n"); }},
+        {"cancel", [](auto& self, auto& step, auto&) { Type(self, step, "{ESC}"); }},
+        {"okay", [](auto& self, auto& step, auto&) { Type(self, step, "{ENTER}"); }},
+        {"disconnect from net",
+         [](auto& self, auto& step, auto&) { step([&] { self.desktop_.internet.HangUp(); }); }},
+        {"connect to net",
+         [](auto& self, auto& step,
+            auto&) { step([&] { self.desktop_.internet.DialDefaultConnection(); }); }},
+        {"how much ram",
+         [](auto& self, auto& step, auto&) { step([&] { self.desktop_.system.SayMemory(); }); }},
+        {"shutdown", [](auto& self, auto& step, auto&) { self.desktop_.session.Shutdown(step); }},
+        {"reboot", [](auto& self, auto& step, auto&) { self.desktop_.session.Reboot(step); }},
+        {"free space",
+         [](auto& self, auto& step,
+            auto& PhraseText) { self.desktop_.system.SayFreeSpace(PhraseText, step); }},
+        {"normalize",
+         [](auto& self, auto& step, auto&) { ShowForeground(self, step, SW_SHOWNORMAL); }},
+        {"maximize",
+         [](auto& self, auto& step, auto&) { ShowForeground(self, step, SW_SHOWMAXIMIZED); }},
+        // As the window's own button does, so that the next window takes the front. Minimised and
+        // still in front, it would be what every further command acts on.
+        {"minimize",
+         [](auto& self, auto& step, auto&) { ShowForeground(self, step, SW_MINIMIZE); }},
         {"add programs", ShowAddPrograms},
-        {"calendar", [](auto& self, auto& step) { step([&] { self.calendar_->Show(); }); }},
-        {"the date", [](auto& self, auto& step) { step([&] { self.speaker_.SayDate(); }); }},
-        {"the time", [](auto& self, auto& step) { step([&] { self.speaker_.SayTime(); }); }},
-        {"clean whiteboard",
-         [](auto& self, auto& step) { step([&] { self.main_window_->Text3.SetText(""); }); }},
-        {"read whiteboard", [](auto& self, auto& step) { self.speaker_.ReadWhiteboard(step); }},
-        {"read selected", [](auto& self, auto& step) { self.speaker_.ReadSelected(step); }},
-        {"read all", [](auto& self, auto& step) { self.speaker_.ReadAll(step); }},
-        {"close corvane",
-         [](auto& self, auto& step) {
-             self.speaker_.SayGoodbye(step);
-             self.runtime_.End();
-         }},
-        {"you there",
-         [](auto& self, auto& step) { step([&] { self.speaker_.Speak(kPresence); }); }},
+        {"calendar", [](auto& self, auto& step, auto&) { step([&] { self.calendar_->Show(); }); }},
+        {"the date", [](auto& self, auto& step, auto&) { step([&] { self.speaker_.SayDate(); }); }},
+        {"the time", [](auto& self, auto& step, auto&) { step([&] { self.speaker_.SayTime(); }); }},
+        {"clean whiteboard", [](auto& self, auto& step,
+                                auto&) { step([&] { self.main_window_->Text3.SetText(""); }); }},
+        {"read whiteboard",
+         [](auto& self, auto& step, auto&) { self.speaker_.ReadWhiteboard(step); }},
+        {"read selected", [](auto& self, auto& step, auto&) { self.speaker_.ReadSelected(step); }},
+        {"read all", [](auto& self, auto& step, auto&) { self.speaker_.ReadAll(step); }},
+        {"close window",
+         [](auto& self, auto& step,
+            auto&) { step([&] { self.desktop_.windows.CloseForegroundWindow(); }); }},
+        {"close corvane", CloseCorvane},
+        {"you there", AnswerPresence},
+        {"eject", [](auto& self, auto& step,
+                     auto&) { step([&] { self.desktop_.cd_door.ToggleCdDoor(); }); }},
+        {"recycle bin",
+         [](auto& self, auto& step, auto&) { step([&] { self.desktop_.recycle_bin.Empty(); }); }},
         {"disable",
-         [](auto& self, auto& step) {
-             step([&] { self.recogniser_.init_rec(self.paths_.QuietXmlPath); });
-         }},
+         [](auto& self, auto& step,
+            auto&) { step([&] { self.recogniser_.init_rec(self.paths_.QuietXmlPath); }); }},
         {"reenable",
-         [](auto& self, auto& step) {
-             step([&] { self.recogniser_.init_rec(self.paths_.KeywordsXmlPath); });
-         }},
+         [](auto& self, auto& step,
+            auto&) { step([&] { self.recogniser_.init_rec(self.paths_.KeywordsXmlPath); }); }},
     });
 
     [[nodiscard]] static const Row* Find(std::string_view RuleName) {
@@ -83,7 +123,8 @@ RecognitionDispatch::RecognitionDispatch(ILanguageRuntime& runtime, const DataPa
                                          forms::Lazy<Form2>& main_window, TrayIcon& tray,
                                          TextLog& log, KeywordStore& keywords,
                                          forms::Lazy<Form1>& add_programs,
-                                         forms::Lazy<Form3>& calendar, DictationMode& dictation)
+                                         forms::Lazy<Form3>& calendar, DesktopCommands& desktop,
+                                         DictationMode& dictation)
     : runtime_(runtime),
       paths_(paths),
       recogniser_(recogniser),
@@ -96,6 +137,7 @@ RecognitionDispatch::RecognitionDispatch(ILanguageRuntime& runtime, const DataPa
       keywords_(keywords),
       add_programs_(add_programs),
       calendar_(calendar),
+      desktop_(desktop),
       dictation_(dictation) {}
 
 void RecognitionDispatch::RC_Recognition(Long StreamNumber, const Variant& StreamPosition,
@@ -125,7 +167,7 @@ void RecognitionDispatch::RC_Recognition(Long StreamNumber, const Variant& Strea
     // A command ends the marking of words that a reading had switched on.
     step([&] { voice_->SetEventInterests(SVEAudioLevel); });
 
-    if (const auto* row = RuleTable::Find(RuleName)) row->act(*this, step);
+    if (const auto* row = RuleTable::Find(RuleName)) row->act(*this, step, PhraseText);
 
     // After every row, by the text and not by the rule.
     launcher_.RunKeywordsIn(PhraseText, step);

@@ -7,6 +7,7 @@
 #include "core/dictation_mode.h"
 #include "core/recogniser.h"
 #include "core/text_log.h"
+#include "desktop/desktop_commands.h"
 #include "desktop/keyword_launcher.h"
 #include "grammar/data_paths.h"
 #include "grammar/form1.h"
@@ -30,7 +31,7 @@ public:
                         const KeywordLauncher& launcher, forms::Lazy<Form2>& main_window,
                         TrayIcon& tray, TextLog& log, KeywordStore& keywords,
                         forms::Lazy<Form1>& add_programs, forms::Lazy<Form3>& calendar,
-                        DictationMode& dictation);
+                        DesktopCommands& desktop, DictationMode& dictation);
 
     /// The handler of the recogniser's final event. It never raises.
     void RC_Recognition(Long StreamNumber, const Variant& StreamPosition, Long RecognitionType,
@@ -51,6 +52,7 @@ private:
     KeywordStore& keywords_;
     forms::Lazy<Form1>& add_programs_;
     forms::Lazy<Form3>& calendar_;
+    DesktopCommands& desktop_;
     DictationMode& dictation_;
 };
 

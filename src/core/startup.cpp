@@ -59,6 +59,7 @@ void Startup::Form2_Load() {
     voice_->Advise(VoiceEvents);
     speaker_.SpFlags = kSpFlags;
     keywords_.Reload();
+    form2_->CdDoorOpen = false;
     form2_->Picture1.SetPicture(form2_->ImageList1.Picture(1));
 }
 

@@ -2,11 +2,16 @@
 #include "desktop/system_commands.h"
 
 #include <bit>
+#include <utility>
+#include <vector>
+
+#include "runtime/text.h"
 
 namespace corvane {
 
-SystemCommands::SystemCommands(IKernel32& kernel32, MessageLoop& loop)
-    : kernel32_(kernel32), loop_(loop) {}
+SystemCommands::SystemCommands(IKernel32& kernel32, IFileSystemObject& files, MessageLoop& loop,
+                               Answers answers)
+    : kernel32_(kernel32), files_(files), loop_(loop), answers_(std::move(answers)) {}
 
 Currency SystemCommands::DiskFreePercent(const std::string& drive) {
     ByteCount available = 0;
@@ -21,6 +26,28 @@ Currency SystemCommands::DiskFreePercent(const std::string& drive) {
     const Integer percent = Round(share).rep();
     loop_.DoEvents();
     return {percent};
+}
+
+void SystemCommands::SayFreeSpace(const std::string& PhraseText, const ResumeNext& step) {
+    std::string letter;
+    Long percent;  // of a drive that can't be asked it stays 0
+    std::vector<DriveObject> drives;
+    step([&] { letter = UCase(LastCharacter(PhraseText)); });
+    step([&] { percent = CLng(DiskFreePercent(letter)); });
+    step([&] { drives = files_.Drives(); });
+    // No drive of that letter, no word. The loop goes on behind a match.
+    for (const DriveObject& drive : drives) {
+        if (drive.driveletter != letter) continue;
+        step([&] { loop_.DoEvents(); });
+        step([&] { answers_.SayFreeSpace(LastCharacter(PhraseText), percent); });
+    }
+}
+
+void SystemCommands::SayMemory() {
+    constexpr double kMegabyte = 1024 * 1024;
+    MEMORYSTATUS memory;
+    kernel32_.GlobalMemoryStatus(memory);
+    answers_.SayMemory(Round(static_cast<double>(memory.dwTotalPhys) / kMegabyte));
 }
 
 }  // namespace corvane

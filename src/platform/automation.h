@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 /// The automation objects that the system creates: files read and written line by line, and a
 /// browser.
@@ -31,6 +32,11 @@ public:
     virtual void Close() = 0;
 };
 
+/// A drive that exists, with a disc in it or without.
+struct DriveObject {
+    std::string driveletter;  ///< one capital
+};
+
 class IFileSystemObject {
 public:
     virtual ~IFileSystemObject() = default;
@@ -51,6 +57,9 @@ public:
 
     /// Removes a file; raises kFileNotFound when there is none, kPermissionDenied when it may not.
     virtual void DeleteFile(const std::string& path) = 0;
+
+    /// The drives that exist, in the order of their letters; those of IKernel32.
+    [[nodiscard]] virtual std::vector<DriveObject> Drives() = 0;
 };
 
 struct InternetExplorerEvents {

@@ -4,8 +4,10 @@
 #include <cstdint>
 #include <string>
 
-/// The machine's drives and memory.
+/// The machine's drives and memory, and the process.
 namespace corvane {
+
+using HANDLE = std::uint32_t;  ///< of a process or a token; 0 is none
 
 using ByteCount = std::uint64_t;
 
@@ -33,6 +35,9 @@ public:
 
     /// Fills the whole record, whatever its dwLength.
     virtual void GlobalMemoryStatus(MEMORYSTATUS& status) = 0;
+
+    /// A handle that stands for the calling process and needs no closing.
+    [[nodiscard]] virtual HANDLE GetCurrentProcess() = 0;
 };
 
 }  // namespace corvane

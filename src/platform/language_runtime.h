@@ -47,9 +47,12 @@ public:
     virtual ~ILanguageRuntime() = default;
 
     /// Types into whatever window has the focus. `keys` is in key notation: a plain character is
-    /// that key, "^" in front of one holds Ctrl, "{ESC}" and "{ENTER}" name a key; letters do not
-    /// depend on Caps Lock. With `wait` the call returns when the keys have been processed. Bad
-    /// notation raises kInvalidProcedureCall and types nothing.
+    /// that key, whatever the keyboard's layout and Caps Lock; "~" is Enter; "^", "+" and "%" in
+    /// front of a key or a group "(...)" hold Ctrl, Shift and Alt; "{ESC}" and "{ENTER}" name a
+    /// key, "{LEFT 3}" one that is struck three times, "{+}" a character that means something else
+    /// by itself. With `wait` the call returns when the keys have been processed, or, if the
+    /// program hangs, after a bounded time. Bad notation raises kInvalidProcedureCall and types
+    /// nothing.
     virtual void SendKeys(const std::string& keys, bool wait) = 0;
 
     /// Starts the command line `path` in a window of the given style and returns at once. A program

@@ -12,10 +12,12 @@ class IKernel32;
 class ILanguageRuntime;
 class IMessageQueue;
 class IPrinter;
+class IProcessTokens;
 class IShell32;
 class ISpeechApi;
 class IUser32;
 class IWinInet;
+class IWinMm;
 class IWindowToolkit;
 
 /// The world, as one backend offers it. The backend owns all of it and outlives the system.
@@ -33,6 +35,8 @@ struct Platform {
     IGdi32& gdi32;
     IKernel32& kernel32;
     IWinInet& wininet;
+    IProcessTokens& tokens;
+    IWinMm& winmm;
     IPrinter& printer;
 };
 

@@ -92,6 +92,13 @@ std::string LCase(std::string_view text) {
     return lower;
 }
 
+std::string UCase(std::string_view text) {
+    std::string upper(text);
+    for (char& letter : upper)
+        if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
+    return upper;
+}
+
 std::string LastCharacter(std::string_view text) {
     return text.empty() ? std::string() : Mid(text, Len(text), 1);
 }

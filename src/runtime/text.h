@@ -33,6 +33,9 @@ inline constexpr std::string_view kCrLf = "\r\n";
 /// whatever the case of those 26, and of no more.
 [[nodiscard]] std::string LCase(std::string_view text);
 
+/// The text with its letters a to z in capitals; others stay.
+[[nodiscard]] std::string UCase(std::string_view text);
+
 /// The last character; empty for an empty text.
 [[nodiscard]] std::string LastCharacter(std::string_view text);
 

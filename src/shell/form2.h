@@ -33,7 +33,7 @@ public:
     forms::TextBox Text3{*this, "Text3"};                    // the whiteboard
     forms::Fixture Frame1{*this, "Frame1"};
     forms::PictureBox Picture1{*this, "Picture1"};
-    forms::Fixture Label1{*this, "Label1"};
+    forms::Label Label1{*this, "Label1"};              // where the CD tray is thought to be
     forms::ImageList ImageList1{*this, "ImageList1"};  // tray pictures: closed, open
     forms::TextBox text2{*this, "text2"};
     forms::ProgressBar ProgressBar1{*this, "ProgressBar1"};  // microphone level, 0 to 100
@@ -59,6 +59,8 @@ public:
     forms::Menu mnuHDoc{*this, kMnuHDoc};
     forms::Menu mnuDivide{*this, kMnuDivide};
     forms::Menu mnuAbout{*this, kMnuAbout};
+
+    bool CdDoorOpen = false;  // what is believed of the CD tray, whatever it really does
 
 private:
     void Text1_Change();

@@ -29,4 +29,9 @@ inline constexpr std::string_view kPresence = "I'm right here";
            " percent of its space remaining.";
 }
 
+/// A whole number of megabytes.
+[[nodiscard]] inline std::string MemorySentence(Long megabytes) {
+    return "You have " + CStr(megabytes) + " megabytes of ram installed.";
+}
+
 }  // namespace corvane

@@ -30,6 +30,14 @@ void Speaker::SayTime() {
     Speak(TimeSentence(FormatTime(runtime_.Now(), runtime_.LocaleDateNames())));
 }
 
+void Speaker::SayFreeSpace(const std::string& drive, Long percent) {
+    Speak(FreeSpaceSentence(drive, percent));
+}
+
+void Speaker::SayMemory(Long megabytes) {
+    Speak(MemorySentence(megabytes));
+}
+
 void Speaker::SayGoodbye(const ResumeNext& step) {
     step([&] { Speak(kGoodbye); });
     step([&] { voice_->WaitUntilDone(kGoodbyeMilliseconds); });

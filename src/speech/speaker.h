@@ -29,6 +29,9 @@ public:
 
     void SayDate();
     void SayTime();
+    /// `drive` is a letter, which is spelled.
+    void SayFreeSpace(const std::string& drive, Long percent);
+    void SayMemory(Long megabytes);
     /// Says goodbye, and waits for it no longer than a second.
     void SayGoodbye(const ResumeNext& step);
 

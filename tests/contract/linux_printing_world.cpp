@@ -44,7 +44,8 @@ private:
     int argc_ = 0;
     QApplication application_{argc_, nullptr};
     linux_desktop::QtToolkit toolkit_{"no pictures"};
-    linux_desktop::User32 user32_{toolkit_.Controls(), toolkit_.Gdi32()};
+    linux_desktop::User32 user32_{linux_desktop::MakeSessionWindows(), toolkit_.Controls(),
+                                  toolkit_.Gdi32()};
     linux_desktop::Printer printer_{toolkit_.Gdi32(), toolkit_.ChosenPrinter()};
     std::unique_ptr<IWindowPeer> window_ = toolkit_.CreateWindow(kWindow, {});
     std::unique_ptr<ITextPeer> pad_ = window_->AddText(kControls[0], {});

@@ -2,6 +2,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <cerrno>
 #include <fstream>
 #include <iterator>
 
@@ -9,15 +10,36 @@
 #include "linux/files/file_system.h"
 #include "linux/qt_message_queue.h"
 #include "linux/settings/registry.h"
+#include "linux/system/connection.h"
+#include "linux/system/disc_players.h"
+#include "linux/system/kernel32.h"
+#include "linux/system/process_tokens.h"
 
 namespace corvane::testing {
 namespace {
+
+/// No optical drive, whatever this machine has.
+class NoDevices final : public linux_desktop::DeviceCalls {
+public:
+    std::vector<std::string> OpticalDrives() override { return {}; }
+    linux_desktop::FileDescriptor Open(const std::string& /*device*/, int /*flags*/) override {
+        return linux_desktop::FileDescriptor(-1);
+    }
+    int Control(int /*device*/, unsigned long /*request*/, int /*argument*/) override {
+        return ENODEV;
+    }
+    bool Unmount(const std::string& /*device*/) override { return false; }
+};
 
 class LinuxWorld final : public World {
 public:
     IFileSystemObject& files() override { return files_; }
     IMessageQueue& queue() override { return queue_; }
     IAdvapi32& registry() override { return registry_; }
+    IKernel32& kernel32() override { return kernel32_; }
+    IProcessTokens& tokens() override { return tokens_; }
+    IWinInet& wininet() override { return connection_; }
+    IWinMm& winmm() override { return players_; }
     std::string Folder() const override { return folder_.path().toStdString(); }
     std::string Bytes(const std::string& path) const override {
         std::ifstream file(path, std::ios::binary);
@@ -44,6 +66,10 @@ private:
     linux_desktop::QtMessageQueue queue_;
     QTemporaryDir folder_;
     linux_desktop::Registry registry_{Folder() + "/registry"};
+    linux_desktop::Kernel32 kernel32_{Folder()};
+    linux_desktop::ProcessTokens tokens_;
+    linux_desktop::Connection connection_;
+    linux_desktop::DiscPlayers players_{std::make_shared<NoDevices>()};
 };
 
 }  // namespace

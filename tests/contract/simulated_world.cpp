@@ -10,6 +10,10 @@ public:
     IFileSystemObject& files() override { return desktop_.files; }
     IMessageQueue& queue() override { return desktop_.queue; }
     IAdvapi32& registry() override { return desktop_.registry; }
+    IKernel32& kernel32() override { return desktop_.machine; }
+    IProcessTokens& tokens() override { return desktop_.tokens; }
+    IWinInet& wininet() override { return desktop_.machine; }
+    IWinMm& winmm() override { return desktop_.disc_tray; }
     std::string Folder() const override { return "/home/somebody"; }
     std::string Bytes(const std::string& path) const override {
         return desktop_.files.Bytes(path).value();

@@ -8,9 +8,7 @@ whiteboard() { "$tools/read-window" "$main_window" "Whiteboard" 2> /dev/null; }
 whiteboard_is() { [[ $(whiteboard) == "$1" ]]; }
 
 start_and_wait "$1"
-# Without accessibility: with it, its keys come by way of a third program and may arrive after the
-# copy was waited for.
-env -u QT_LINUX_ACCESSIBILITY_ALWAYS_ON "$2" "A letter" $'Dear Ann,\nall is well.' &
+"$2" "A letter" $'Dear Ann,\nall is well.' &
 letter=$!
 expect "the other program is there" wait_until 10 window_is_there "A letter"
 xdotool windowactivate --sync "$(xdotool search --onlyvisible --name '^A letter$')"

@@ -13,3 +13,8 @@ expect "the window is away" wait_until 10 main_window_gone
 expect "a command works all the same" wait_until 10 terminals_are 1
 "$tools/say-into-mic" --voice rms show corvane
 expect "the window is back" wait_until 10 window_is_there "$main_window"
+
+"$tools/say-into-mic" --voice rms hide corvane
+expect "the window is away again" wait_until 10 main_window_gone
+"$tools/say-into-mic" --voice rms where are you
+expect "called it comes back too" wait_until 10 window_is_there "$main_window"

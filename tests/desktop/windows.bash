@@ -1,11 +1,18 @@
 # Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
-# What a person does with the Add Programs window and the calendar. To be sourced.
+# What a person sees of windows, and does with the Add Programs window and the calendar. To be sourced.
 
 add_programs="Add Programs"
 calendar="Calendar"
 
 window_gone() { ! window_is_there "$1"; }
 window_of() { xdotool search --onlyvisible --name "^$1\$"; }
+
+# By the number of a window.
+is_in_front() { [[ $(xdotool getactivewindow 2> /dev/null) == "$1" ]]; }
+has_state() { xprop -id "$1" _NET_WM_STATE 2> /dev/null | grep -q "_NET_WM_STATE_$2"; }
+is_maximised() { has_state "$1" MAXIMIZED_HORZ && has_state "$1" MAXIMIZED_VERT; }
+is_not_maximised() { ! is_maximised "$1"; }
+is_minimised() { has_state "$1" HIDDEN; }
 
 # click_in TITLE X Y [CLICKS]: in pixels from the corner of the window's client area.
 click_in() {

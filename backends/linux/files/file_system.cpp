@@ -5,10 +5,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 #include "linux/files/file_error.h"
 #include "linux/files/text_stream.h"
+#include "linux/system/drives.h"
 
 namespace corvane::linux_desktop {
 namespace {
@@ -45,6 +47,14 @@ void FileSystem::DeleteFile(const std::string& path) {
     if (errno == ENOENT || errno == ENOTDIR)
         throw RuntimeError(kFileNotFound, "File not found: " + path);
     throw FileError(errno, path);
+}
+
+std::vector<DriveObject> FileSystem::Drives() {
+    std::vector<DriveObject> drives;
+    for (const Drive& drive : PresentDrives())
+        drives.push_back({.driveletter = std::string(1, drive.letter)});
+    std::ranges::sort(drives, {}, &DriveObject::driveletter);
+    return drives;
 }
 
 }  // namespace corvane::linux_desktop

@@ -14,6 +14,7 @@ public:
                                                               bool overwrite) override;
     [[nodiscard]] std::int64_t FileLen(const std::string& path) override;
     void DeleteFile(const std::string& path) override;
+    [[nodiscard]] std::vector<DriveObject> Drives() override;
 };
 
 }  // namespace corvane::linux_desktop

@@ -4,6 +4,8 @@
 #include <span>
 #include <variant>
 
+#include "linux/session/session_answer.h"
+
 /// Keys typed for the person into whatever has the focus. Each kind of desktop session has its own
 /// way to do it.
 namespace corvane::linux_desktop {
@@ -11,6 +13,7 @@ namespace corvane::linux_desktop {
 enum class NamedKey {
     Backspace,
     CapsLock,
+    Clear,
     Delete,
     Down,
     End,
@@ -23,6 +26,8 @@ enum class NamedKey {
     NumLock,
     PageDown,
     PageUp,
+    Pause,
+    PrintScreen,
     Right,
     ScrollLock,
     Tab,
@@ -39,6 +44,10 @@ enum class NamedKey {
     F10,
     F11,
     F12,
+    F13,
+    F14,
+    F15,
+    F16,
 };
 
 /// One key going down and up while modifiers are held. A character brings the modifiers that it
@@ -48,13 +57,8 @@ struct KeyStroke {
     bool control = false;
     bool shift = false;
     bool alt = false;
+    bool joined = false;  ///< the modifiers that the next stroke has too stay down until then
     friend bool operator==(const KeyStroke&, const KeyStroke&) = default;
-};
-
-enum class SessionAnswer {
-    Done,
-    Unsupported,  ///< not possible in this session; nothing was done
-    Denied,       ///< the session does not let us; nothing was done
 };
 
 class Keys {

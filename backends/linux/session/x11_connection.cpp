@@ -19,6 +19,13 @@ xcb_atom_t X11Connection::Atom(std::string_view name) const {
     return atom ? atom->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
+std::string X11Connection::NameOf(xcb_atom_t atom) const {
+    const auto name = Answer<xcb_get_atom_name_reply>(*this, xcb_get_atom_name(connection(), atom));
+    if (!name) return {};
+    return {xcb_get_atom_name_name(name.get()),
+            static_cast<std::size_t>(xcb_get_atom_name_name_length(name.get()))};
+}
+
 void X11Connection::Sync() const {
     (void)Answer<xcb_get_input_focus_reply>(*this, xcb_get_input_focus(connection()));
 }

@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace corvane::linux_desktop {
@@ -29,6 +30,8 @@ public:
 
     /// Number of a name; XCB_ATOM_NONE if the server does not answer.
     [[nodiscard]] xcb_atom_t Atom(std::string_view name) const;
+    /// Name of a number; empty if the server knows none.
+    [[nodiscard]] std::string NameOf(xcb_atom_t atom) const;
     /// Returns when the server has carried out all that was asked so far.
     void Sync() const;
     /// Drops all events that have arrived.

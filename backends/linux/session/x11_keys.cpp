@@ -1,100 +1,192 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/session/x11_keys.h"
 
-#include <xcb/xtest.h>
-
 #include <algorithm>
+#include <string>
 #include <utility>
-#include <vector>
-
-#include "linux/session/x11_keyboard.h"
+#include <variant>
 
 namespace corvane::linux_desktop {
 namespace {
 
-enum class Direction : std::uint8_t { Down = XCB_KEY_PRESS, Up = XCB_KEY_RELEASE };
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
 
-void Move(const X11Connection& x, xcb_keycode_t code, Direction direction) {
-    xcb_test_fake_input(x.connection(), static_cast<std::uint8_t>(direction), code,
-                        XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0, 0);
-}
+constexpr milliseconds kPatience{1000};
+constexpr milliseconds kPatienceForAStroke{10};
+constexpr milliseconds kPatienceWithTheClipboard{500};
 
-void Tap(const X11Connection& x, xcb_keycode_t code) {
-    Move(x, code, Direction::Down);
-    Move(x, code, Direction::Up);
-}
+// Far fewer keys than a program's connection holds, so that none waits in front of others.
+constexpr std::size_t kChunk = 25;
+// Some programs answer the first question before the keys in front of it; none the second.
+constexpr int kQuestionsForAChunk = 2;
+constexpr int kQuestionsForAll = 3;
 
-/// Takes the person's modifiers and Caps Lock out of force for as long as it lives.
-class QuietKeyboard {
-public:
-    QuietKeyboard(const X11Connection& x, const X11Keyboard& keyboard)
-        : x_(x), keyboard_(keyboard) {
-        for (const xcb_keycode_t code : keyboard_.held()) Move(x_, code, Direction::Up);
-        if (keyboard_.lock_in_force() != 0) Tap(x_, keyboard_.lock_in_force());
-    }
-    ~QuietKeyboard() {
-        if (keyboard_.lock_in_force() != 0) Tap(x_, keyboard_.lock_in_force());
-        for (const xcb_keycode_t code : keyboard_.held()) Move(x_, code, Direction::Down);
-    }
-    QuietKeyboard(const QuietKeyboard&) = delete;
-    QuietKeyboard& operator=(const QuietKeyboard&) = delete;
+// For programs that answer no questions. Measured with terminals.
+constexpr milliseconds kForAChunk{25};
+constexpr milliseconds kForAll{40};
+constexpr milliseconds kForLentKeys{100};
+constexpr milliseconds kBetweenLooks{2};
 
-private:
-    const X11Connection& x_;
-    const X11Keyboard& keyboard_;
-};
-
-/// The key codes of a stroke in the order in which they go down; none if it has no key here.
-std::vector<xcb_keycode_t> KeysOf(const KeyStroke& stroke, const X11Keyboard& keyboard) {
-    const auto position = keyboard.Find(stroke);
-    if (!position) return {};
-    std::vector<xcb_keycode_t> codes;
-    if (stroke.control) codes.push_back(keyboard.control());
-    if (stroke.alt) codes.push_back(keyboard.alt());
-    if (position->level3) codes.push_back(keyboard.level3());
-    if (stroke.shift || position->shift) codes.push_back(keyboard.shift());
-    codes.push_back(position->code);
-    if (std::ranges::find(codes, 0) != codes.end()) return {};
-    return codes;
-}
-
-bool HasXTest(const X11Connection& x) {
-    if (!x.usable()) return false;
-    const auto* extension = xcb_get_extension_data(x.connection(), &xcb_test_id);
-    return extension != nullptr && extension->present != 0;
+bool IsPlainCharacter(const KeyStroke& stroke) {
+    return std::holds_alternative<char32_t>(stroke.key) && !stroke.control && !stroke.shift &&
+           !stroke.alt && !stroke.joined;
 }
 
 }  // namespace
 
-X11Keys::X11Keys(std::function<void()> do_events)
-    : xtest_(HasXTest(x_)), ping_(x_, std::move(do_events)) {}
+X11Keys::X11Keys(std::function<void()> do_events, std::function<bool(pid_t)> wait_for_relay)
+    : xtest_(X11Fingers::Exist(x_)),
+      do_events_(std::move(do_events)),
+      wait_for_relay_(std::move(wait_for_relay)),
+      ping_(x_, do_events_),
+      paste_(do_events_) {}
 
-SessionAnswer X11Keys::Type(std::span<const KeyStroke> strokes) {
+SessionAnswer X11Keys::Type(Strokes strokes) {
     if (!xtest_) return SessionAnswer::Denied;
     x_.DropEvents();
+    patience_ends_ =
+        steady_clock::now() + kPatience + kPatienceForAStroke * static_cast<int>(strokes.size());
+    all_taken_ = false;
+    target_ = ping_.FindTarget({});
     // Read anew each time: people change their layout while we run.
     const X11Keyboard keyboard(x_);
-    std::vector<std::vector<xcb_keycode_t>> keys;
-    for (const KeyStroke& stroke : strokes) {
-        keys.push_back(KeysOf(stroke, keyboard));
-        if (keys.back().empty()) return SessionAnswer::Unsupported;
-    }
+    const std::vector<Piece> pieces = PiecesOf(strokes, keyboard);
+    if (!LendKeys(pieces, keyboard)) return SessionAnswer::Unsupported;
+
+    ++texts_;
     {
-        const QuietKeyboard quiet(x_, keyboard);
-        for (auto& stroke : keys) {
-            // A key that is down already does not go down again.
-            if (keyboard.IsDown(stroke.back())) Move(x_, stroke.back(), Direction::Up);
-            for (const xcb_keycode_t code : stroke) Move(x_, code, Direction::Down);
-            std::ranges::reverse(stroke);
-            for (const xcb_keycode_t code : stroke) Move(x_, code, Direction::Up);
+        X11Fingers fingers(x_, keyboard);
+        if (spare_.any_lent()) Await(kQuestionsForAChunk, milliseconds(0));
+        bool goes_on = true;
+        for (const Piece& piece : pieces) {
+            if (!goes_on) break;
+            if (piece.way == Way::Typed)
+                TypePiece(piece.strokes, keyboard, fingers);
+            else
+                goes_on = PastePiece(piece.strokes, keyboard, fingers);
         }
+        const bool pasted = std::ranges::find(pieces, Way::Pasted, &Piece::way) != pieces.end();
+        if (pasted) paste_.GiveBack(goes_on);
     }
-    x_.Sync();
+    --texts_;
+    // Otherwise they stay lent until a later text has been taken.
+    if (texts_ == 0 && spare_.any_lent() && AwaitAll()) spare_.GiveBack();
     return SessionAnswer::Done;
 }
 
 void X11Keys::WaitUntilTaken() {
-    if (xtest_) ping_.WaitForFocusWindow();
+    if (xtest_ && !all_taken_) AwaitAll();
+}
+
+std::vector<X11Keys::Piece> X11Keys::PiecesOf(Strokes strokes, const X11Keyboard& keyboard) const {
+    std::vector<xcb_keysym_t> missing;
+    for (const KeyStroke& stroke : strokes)
+        if (!keyboard.Find(stroke)) missing.push_back(SymbolOf(stroke));
+    const bool lends = missing.empty() || (spare_.Suffice(missing, keyboard) &&
+                                           !X11Paste::IsSurerThanLentKeys(target_));
+    if (lends) return {{strokes, Way::Typed}};
+    return PiecesWithPastedRuns(strokes, keyboard);
+}
+
+std::vector<X11Keys::Piece> X11Keys::PiecesWithPastedRuns(Strokes strokes,
+                                                          const X11Keyboard& keyboard) {
+    std::vector<Piece> pieces;
+    while (!strokes.empty()) {
+        const bool plain = IsPlainCharacter(strokes.front());
+        const auto end = std::ranges::find(strokes, !plain, IsPlainCharacter);
+        const Strokes run = strokes.first(static_cast<std::size_t>(end - strokes.begin()));
+        const bool has_all = std::ranges::all_of(
+            run, [&](const KeyStroke& stroke) { return keyboard.Find(stroke).has_value(); });
+        pieces.push_back({run, plain && !has_all ? Way::Pasted : Way::Typed});
+        strokes = strokes.subspan(run.size());
+    }
+    return pieces;
+}
+
+bool X11Keys::LendKeys(const std::vector<Piece>& pieces, const X11Keyboard& keyboard) {
+    std::vector<KeyStroke> typed;
+    for (const Piece& piece : pieces) {
+        if (piece.way == Way::Typed)
+            typed.insert(typed.end(), piece.strokes.begin(), piece.strokes.end());
+        else
+            typed.push_back(X11Paste::StrokeFor(target_));
+    }
+    std::vector<xcb_keysym_t> missing;
+    for (const KeyStroke& stroke : typed)
+        if (!keyboard.Find(stroke)) missing.push_back(SymbolOf(stroke));
+    if (!missing.empty() && !spare_.Suffice(missing, keyboard)) return false;
+    spare_.Lend(missing, keyboard);
+    return std::ranges::all_of(
+        typed, [&](const KeyStroke& stroke) { return ChordOf(stroke, keyboard).has_value(); });
+}
+
+std::optional<KeyChord> X11Keys::ChordOf(const KeyStroke& stroke,
+                                         const X11Keyboard& keyboard) const {
+    auto position = keyboard.Find(stroke);
+    if (!position) position = spare_.Find(SymbolOf(stroke));
+    if (!position) return std::nullopt;
+    KeyChord chord{.modifiers = {}, .key = position->code, .joined = stroke.joined};
+    if (stroke.control) chord.modifiers.push_back(keyboard.control());
+    if (stroke.alt) chord.modifiers.push_back(keyboard.alt());
+    if (position->level3) chord.modifiers.push_back(keyboard.level3());
+    if (stroke.shift || position->shift) chord.modifiers.push_back(keyboard.shift());
+    if (std::ranges::find(chord.modifiers, 0) != chord.modifiers.end()) return std::nullopt;
+    return chord;
+}
+
+void X11Keys::TypePiece(Strokes strokes, const X11Keyboard& keyboard, X11Fingers& fingers) {
+    for (std::size_t i = 0; i < strokes.size(); ++i) {
+        if (i > 0 && i % kChunk == 0) Await(kQuestionsForAChunk, kForAChunk);
+        if (const auto chord = ChordOf(strokes[i], keyboard)) fingers.Strike(*chord);
+    }
+    x_.Sync();
+}
+
+bool X11Keys::PastePiece(Strokes strokes, const X11Keyboard& keyboard, X11Fingers& fingers) {
+    std::u32string text;
+    for (const KeyStroke& stroke : strokes) text += std::get<char32_t>(stroke.key);
+    const X11Ping::Target target = FindTarget();
+    const Time read_by = steady_clock::now() + kPatienceWithTheClipboard;
+    const auto chord = ChordOf(X11Paste::StrokeFor(target), keyboard);
+    if (!chord || !paste_.Offer(text, target, read_by)) return false;
+    fingers.Strike(*chord);
+    x_.Sync();
+    const Time end = std::min(steady_clock::now() + kPatience, patience_ends_);
+    while (!paste_.FetchedBy(target)) {
+        if (steady_clock::now() >= end) {
+            patience_ends_ = end;
+            return false;
+        }
+        ping_.Pause(target, std::min(steady_clock::now() + kBetweenLooks, end));
+    }
+    return Await(kQuestionsForAChunk, kForAll);
+}
+
+const X11Ping::Target& X11Keys::FindTarget() {
+    return target_ = ping_.FindTarget(target_);
+}
+
+bool X11Keys::Await(int questions, milliseconds without_answers) {
+    const Time now = steady_clock::now();
+    if (now >= patience_ends_) return false;
+    const X11Ping::Target target = FindTarget();
+    if (!target.answers) {
+        ping_.Pause(target, std::min(now + without_answers, patience_ends_));
+        return true;
+    }
+    if (ping_.Ask(target, questions, std::min(now + kPatience, patience_ends_))) return true;
+    // Who is silent once is not asked again: the person waits.
+    patience_ends_ = now;
+    return false;
+}
+
+bool X11Keys::AwaitAll() {
+    const auto without_answers = spare_.any_lent() ? kForAll + kForLentKeys : kForAll;
+    if (!Await(kQuestionsForAll, without_answers)) return false;
+    all_taken_ = !wait_for_relay_ || !wait_for_relay_(FindTarget().process) ||
+                 Await(kQuestionsForAll, milliseconds(0));
+    return all_taken_;
 }
 
 }  // namespace corvane::linux_desktop

@@ -12,9 +12,10 @@ namespace corvane::linux_desktop {
 
 /// The desktop's tray. Its icons are the program's icon, whatever hIcon says, and take no input.
 /// Needs a QApplication.
-class Tray final : public IShell32 {
+class Tray {
 public:
-    bool Shell_NotifyIconA(std::uint32_t dwMessage, const NOTIFYICONDATA& data) override;
+    /// As IShell32's.
+    bool Shell_NotifyIconA(std::uint32_t dwMessage, const NOTIFYICONDATA& data);
 
 private:
     using IconKey = std::pair<HWND, std::uint32_t>;  // window, number

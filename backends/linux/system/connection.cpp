@@ -1,7 +1,6 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/system/connection.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
@@ -13,10 +12,17 @@
 namespace corvane::linux_desktop {
 namespace {
 
-const QString kNetworkManager = QStringLiteral("org.freedesktop.NetworkManager");
 const QString kProperties = QStringLiteral("org.freedesktop.DBus.Properties");
 constexpr unsigned kConnectedToTheSite = 60;  // and further, up to the whole world
 constexpr int kQuestionsAProxyStands = 5;
+const QString kBluetooth = QStringLiteral("bluetooth");
+
+QDBusMessage PropertyQuestion(const QString& active, const QString& name) {
+    QDBusMessage question = QDBusMessage::createMethodCall(NetworkManager::kName, active,
+                                                           kProperties, QStringLiteral("Get"));
+    question << NetworkManager::kActive << name;
+    return question;
+}
 
 /// Calls, and hands the answer to `take`, unless `owner` has gone by then.
 template <class Reply, class Take>
@@ -28,10 +34,6 @@ void Ask(const QDBusConnection& bus, const QDBusMessage& question, QObject& owne
                          finished->deleteLater();
                          take(reply);
                      });
-}
-
-bool IsModem(const QString& type) {
-    return type == u"gsm" || type == u"cdma" || type == u"pppoe" || type == u"adsl";
 }
 
 bool ProxyInEnvironment() {
@@ -54,7 +56,8 @@ std::uint32_t FlagsOf(const NetworkState& state, bool proxy) {
     return flags;
 }
 
-Connection::Connection() : proxy_(ProxyInEnvironment()) {
+Connection::Connection(const QDBusConnection& system_bus)
+    : bus_(system_bus), network_(bus_), dialler_(bus_), proxy_(ProxyInEnvironment()) {
     AskNetworkManager();
 }
 
@@ -69,46 +72,85 @@ bool Connection::InternetGetConnectedState(std::uint32_t& flags, std::uint32_t /
     return state.connected;
 }
 
+bool Connection::InternetAutodial(std::uint32_t /*flags*/, HWND /*parent*/) {
+    const bool stands = dialler_.Dial();
+    WaitForNetworkManager();
+    return stands;
+}
+
+bool Connection::InternetAutodialHangup(std::uint32_t /*reserved*/) {
+    const bool hung_up = dialler_.HangUp();
+    WaitForNetworkManager();
+    return hung_up;
+}
+
+void Connection::WaitForNetworkManager() {
+    ++times_waited_;
+    const auto properties = network_.Ask(NetworkManager::kPath, kProperties,
+                                         QStringLiteral("GetAll"), {NetworkManager::kName});
+    if (properties) TakeProperties(qdbus_cast<QVariantMap>(*properties));
+}
+
 void Connection::AskNetworkManager() {
     if (asking_) return;  // one question at a time, however long the answer takes
-    const QDBusConnection bus = QDBusConnection::systemBus();
-    if (!bus.isConnected()) return;
+    if (!bus_.isConnected()) return;
     asking_ = true;
     QDBusMessage question = QDBusMessage::createMethodCall(
-        kNetworkManager, QStringLiteral("/org/freedesktop/NetworkManager"), kProperties,
-        QStringLiteral("GetAll"));
-    question << kNetworkManager;
+        NetworkManager::kName, NetworkManager::kPath, kProperties, QStringLiteral("GetAll"));
+    question << NetworkManager::kName;
     question.setAutoStartService(false);
-    Ask<QVariantMap>(bus, question, owner_, [this](const QDBusPendingReply<QVariantMap>& reply) {
+    const auto take = [this, asked = times_waited_](const QDBusPendingReply<QVariantMap>& reply) {
         asking_ = false;
+        if (asked != times_waited_) return;  // something newer is known by now
         if (reply.isError())
             state_.reset();
         else
             TakeProperties(reply.value());
-    });
+    };
+    Ask<QVariantMap>(bus_, question, owner_, take);
 }
 
 void Connection::TakeProperties(const QVariantMap& properties) {
+    const auto path = [&](const QString& name) {
+        const QString value = properties.value(name).value<QDBusObjectPath>().path();
+        return value == u"/" ? QString() : value;
+    };
     NetworkState state = state_.value_or(NetworkState());
     state.connected = properties.value(QStringLiteral("State")).toUInt() >= kConnectedToTheSite;
-    state.type = properties.value(QStringLiteral("PrimaryConnectionType")).toString();
-    const QString activating =
-        properties.value(QStringLiteral("ActivatingConnection")).value<QDBusObjectPath>().path();
-    const bool none = activating.isEmpty() || activating == u"/";
-    if (none) state.activating_type.clear();
+    const QString type = properties.value(QStringLiteral("PrimaryConnectionType")).toString();
+    // What was found out about this one holds until it is found out again.
+    if (type != kBluetooth || state.type != kBluetoothModem) state.type = type;
+    const QString activating = path(QStringLiteral("ActivatingConnection"));
+    if (activating.isEmpty()) state.activating_type.clear();
     state_ = state;
-    if (!none) AskTypeOfActivating(activating);
+    if (type == kBluetooth)
+        AskProfileOf(path(QStringLiteral("PrimaryConnection")), &NetworkState::type);
+    if (!activating.isEmpty()) AskTypeOfActivating(activating);
 }
 
 void Connection::AskTypeOfActivating(const QString& path) {
-    QDBusMessage question =
-        QDBusMessage::createMethodCall(kNetworkManager, path, kProperties, QStringLiteral("Get"));
-    question << kNetworkManager + QStringLiteral(".Connection.Active") << QStringLiteral("Type");
-    Ask<QDBusVariant>(QDBusConnection::systemBus(), question, owner_,
-                      [this](const QDBusPendingReply<QDBusVariant>& reply) {
+    Ask<QDBusVariant>(bus_, PropertyQuestion(path, QStringLiteral("Type")), owner_,
+                      [this, path](const QDBusPendingReply<QDBusVariant>& reply) {
                           if (!state_) return;
-                          state_->activating_type =
+                          const QString type =
                               reply.isError() ? QString() : reply.value().variant().toString();
+                          state_->activating_type = type;
+                          if (type == kBluetooth)
+                              AskProfileOf(path, &NetworkState::activating_type);
+                      });
+}
+
+void Connection::AskProfileOf(const QString& path, QString NetworkState::*type) {
+    if (path.isEmpty()) return;
+    const auto take = [this, type](const QDBusPendingReply<ConnectionSettings>& reply) {
+        if (state_ && !reply.isError()) (*state_).*type = TypeOf(reply.value());
+    };
+    Ask<QDBusVariant>(bus_, PropertyQuestion(path, QStringLiteral("Connection")), owner_,
+                      [this, take](const QDBusPendingReply<QDBusVariant>& reply) {
+                          if (reply.isError()) return;
+                          const auto profile = reply.value().variant().value<QDBusObjectPath>();
+                          Ask<ConnectionSettings>(
+                              bus_, NetworkManager::SettingsQuestion(profile.path()), owner_, take);
                       });
 }
 

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "linux/system/drives.h"
+#include "linux/system/process_tokens.h"
 
 namespace corvane::linux_desktop {
 
@@ -40,6 +41,10 @@ bool Kernel32::GetDiskFreeSpaceExA(const std::string& root, ByteCount& available
 void Kernel32::GlobalMemoryStatus(MEMORYSTATUS& status) {
     std::ifstream table("/proc/meminfo");
     status = MemoryOf({std::istreambuf_iterator<char>(table), {}});
+}
+
+HANDLE Kernel32::GetCurrentProcess() {
+    return kThisProcess;
 }
 
 MEMORYSTATUS MemoryOf(const std::string& meminfo) {

@@ -15,6 +15,7 @@ public:
     bool GetDiskFreeSpaceExA(const std::string& root, ByteCount& availableToCaller,
                              ByteCount& totalBytes, ByteCount& totalFreeBytes) override;
     void GlobalMemoryStatus(MEMORYSTATUS& status) override;
+    HANDLE GetCurrentProcess() override;
 
 private:
     [[nodiscard]] std::string MountPointOf(const std::string& root) const;

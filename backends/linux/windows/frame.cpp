@@ -6,9 +6,12 @@
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QWindow>
+#include <QWindowStateChangeEvent>
 #include <utility>
 
 #include "linux/windows/look.h"
@@ -59,6 +62,29 @@ void Frame::SetBorderStyle(BorderStyle style) {
     setWindowFlags(FlagsOf(style));
     // New flags hide the window.
     if (visible) show();
+    if (grown_) OfferMaximising(true);
+}
+
+void Frame::HoldClientSize(QSize size) {
+    held_size_ = size;
+    centralWidget()->setFixedSize(size);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void Frame::LetGrow() {
+    if (!held_size_ || std::exchange(grown_, true)) return;
+    layout()->setSizeConstraint(QLayout::SetNoConstraint);
+    constexpr QSize kNoLimit(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    centralWidget()->setMaximumSize(kNoLimit);
+    setMinimumSize(0, 0);
+    setMaximumSize(kNoLimit);
+    OfferMaximising(true);
+}
+
+void Frame::HoldSize() {
+    if (!std::exchange(grown_, false)) return;
+    OfferMaximising(false);
+    HoldClientSize(*held_size_);
 }
 
 void Frame::MoveToCentre() {
@@ -113,6 +139,23 @@ bool Frame::event(QEvent* event) {
             break;
     }
     return taken;
+}
+
+void Frame::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange) return;
+    const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
+    // Some desktops forget a minimised window's state when it is hidden; it keeps that all the
+    // same.
+    if (event->spontaneous() && isHidden() && (before & Qt::WindowMinimized) != 0)
+        return setWindowState(before);
+    if ((before & Qt::WindowMaximized) != 0 && !isMaximized() && !isMinimized()) HoldSize();
+}
+
+void Frame::OfferMaximising(bool offer) {
+    const Qt::WindowFlags flags = windowFlags().setFlag(Qt::WindowMaximizeButtonHint, offer);
+    overrideWindowFlags(flags);
+    if (windowHandle() != nullptr) windowHandle()->setFlags(flags);
 }
 
 void Frame::TellSize() {

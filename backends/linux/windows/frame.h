@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <optional>
 
 #include "platform/controls.h"
 
@@ -13,6 +14,13 @@ public:
     explicit Frame(WindowPeerEvents events);
 
     void SetBorderStyle(BorderStyle style);
+    /// The client area has that size from now on, whatever the person or the desktop wants.
+    void HoldClientSize(QSize size);
+    /// Lets a window of fixed size be maximised, for as long as it then is: its client area grows
+    /// and what stands in it keeps its place.
+    void LetGrow();
+    /// A window of fixed size has its size again.
+    void HoldSize();
     /// In the middle of the screen on which the pointer is.
     void MoveToCentre();
     /// Shows the window and returns when it is hidden again or gone. Our other windows take no
@@ -26,13 +34,18 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void TellSize();
+    /// Without the window being hidden or made anew.
+    void OfferMaximising(bool offer);
 
     WindowPeerEvents events_;
+    std::optional<QSize> held_size_;  ///< of the client area
+    bool grown_ = false;
     WindowSize told_;
 };
 

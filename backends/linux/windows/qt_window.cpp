@@ -1,7 +1,6 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/windows/qt_window.h"
 
-#include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <utility>
@@ -30,10 +29,7 @@ QtWindow::QtWindow(const WindowDescription& description, WindowPeerEvents events
     frame_->setWindowTitle(Words(description.caption));
     const QSize size(Pixels(description.client_width), Pixels(description.client_height));
     const bool sizable = description.border == BorderStyle::Sizable;
-    if (sizable)
-        client_->resize(size);
-    else
-        client_->setFixedSize(size);
+    client_->resize(size);
     if (description.white_background) {
         QPalette palette = client_->palette();
         palette.setColor(QPalette::Window, Qt::white);
@@ -42,7 +38,7 @@ QtWindow::QtWindow(const WindowDescription& description, WindowPeerEvents events
         client_->setAutoFillBackground(true);
     }
     frame_->setCentralWidget(client_);
-    if (!sizable) frame_->layout()->setSizeConstraint(QLayout::SetFixedSize);
+    if (!sizable) frame_->HoldClientSize(size);
     frame_->resize(size);
     frame_->SetBorderStyle(description.border);
 }

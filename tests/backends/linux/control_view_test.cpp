@@ -33,7 +33,7 @@ protected:
     ControlView* view = new ControlView(&window);
     Gdi gdi;
     ControlHandles controls;
-    User32 user32{controls, gdi};
+    User32 user32{MakeSessionWindows(), controls, gdi};
     bkCProg gauge{std::make_unique<QtControlHost>(gdi, *view), gdi, user32};
 };
 

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
+
 #include "expect_error.h"
 #include "temporary_folder.h"
 
@@ -105,6 +107,16 @@ TEST_F(FileSystemTest, DeletedFileIsGone) {
     EXPECT_FALSE(std::filesystem::exists(path));
     EXPECT_EQ(ErrorOf([&] { files.DeleteFile(path); }), kFileNotFound);
     EXPECT_EQ(ErrorOf([&] { files.DeleteFile(folder.path()); }), kPermissionDenied);
+}
+
+TEST(FileSystemDrives, HaveCapitalLettersInOrderAndTheRootIsAmongThem) {
+    FileSystem files;
+    std::string letters;
+    for (const DriveObject& drive : files.Drives()) letters += drive.driveletter;
+    EXPECT_NE(letters.find('C'), std::string::npos) << letters;
+    EXPECT_TRUE(std::ranges::is_sorted(letters)) << letters;
+    EXPECT_TRUE(std::ranges::all_of(letters, [](char c) { return c >= 'A' && c <= 'Z'; }))
+        << letters;
 }
 
 }  // namespace

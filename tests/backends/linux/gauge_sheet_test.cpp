@@ -223,7 +223,7 @@ TEST(GaugeSheet, EveryLookShowsSomethingOfItsOwn) {
                  static_cast<int>(std::size(kLooks) + kColumns - 1) / kColumns * kCellHeight);
     Gdi gdi;
     const ControlHandles controls;
-    User32 user32(controls, gdi);
+    User32 user32(MakeSessionWindows(), controls, gdi);
     std::vector<std::unique_ptr<bkCProg>> gauges;
     std::vector<ControlView*> views;
     int place = 0;

@@ -105,7 +105,7 @@ protected:
     LinuxRuntime runtime{nullptr};
     MessageLoop loop{messages, runtime};
     QtToolkit toolkit{"no pictures"};
-    User32 user32{toolkit.Controls(), toolkit.Gdi32()};
+    User32 user32{MakeSessionWindows(), toolkit.Controls(), toolkit.Gdi32()};
     Printer printer{toolkit.Gdi32(), toolkit.ChosenPrinter()};
     RichTextPrinter text_printer{printer, toolkit.Gdi32(), user32};
     bool PadActive = false;

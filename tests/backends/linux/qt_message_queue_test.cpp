@@ -91,9 +91,3 @@ TEST_F(QtMessageQueueTest, EveryMessagePassesTheDispatcher) {
 
 }  // namespace
 }  // namespace corvane::linux_desktop
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    const QCoreApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -134,7 +134,7 @@ TEST_F(WindowFrame, EveryWindowHasAHandleAndTheProgramsIcon) {
 }
 
 TEST_F(WindowFrame, MessagesToOtherWindowsAreNotHeard) {
-    User32 user32(toolkit.Controls(), toolkit.Gdi32());
+    User32 user32(MakeSessionWindows(), toolkit.Controls(), toolkit.Gdi32());
     EXPECT_TRUE(user32.ReleaseCapture());
     EXPECT_EQ(user32.SendMessageA(1, WM_NCLBUTTONDOWN, HTCAPTION, 0), 0);
     EXPECT_EQ(user32.SendMessageA(0, WM_NCLBUTTONDOWN, HTCAPTION, 0), 0);

@@ -3,17 +3,17 @@
 
 #include <gtest/gtest.h>
 #include <xcb/xtest.h>
+#include <xkbcommon/xkbcommon-keysyms.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
-#include <algorithm>
+#include <vector>
 
 #include "linux/send_keys_notation.h"
 #include "linux/session/x11_keyboard.h"
-#include "temporary_folder.h"
+#include "linux/session/x11_spare_keys.h"
 
 /// Needs an X server with a window manager.
 namespace corvane::linux_desktop {
@@ -63,10 +63,95 @@ TEST_F(X11KeysTest, ChordIsNotTyped) {
     EXPECT_EQ(edit.text(), "x");
 }
 
-TEST_F(X11KeysTest, StrokeWithoutAKeyTypesNothingAtAll) {
+TEST_F(X11KeysTest, CharacterThatTheLayoutLacksIsLentAKeyForTheTextOnly) {
     OpenWindow();
-    EXPECT_EQ(Send("ab→"), SessionAnswer::Unsupported);
+    const auto spare = X11Keyboard(x).spare();
+    EXPECT_EQ(Send("ab→é+éÉ"), SessionAnswer::Done);
+    EXPECT_EQ(edit.text(), "ab→éÉÉ");
+    EXPECT_EQ(X11Keyboard(x).spare(), spare);
+    EXPECT_FALSE(X11Keyboard(x).Find({U'→'}));
+}
+
+TEST_F(X11KeysTest, NamedKeyThatTheLayoutLacksIsLentAKey) {
+    OpenWindow();
+    ASSERT_FALSE(X11Keyboard(x).Find({NamedKey::F16}));
+    EXPECT_EQ(Send("{F16}x"), SessionAnswer::Done);
+    EXPECT_EQ(edit.text(), "x");
+}
+
+TEST_F(X11KeysTest, MoreChordsThanThereAreKeysForTypeNothingAtAll) {
+    OpenWindow();
+    EXPECT_EQ(Send("ab^а^б^в^г^д^е^ж^з^и^й^к^л"), SessionAnswer::Unsupported);
     EXPECT_EQ(edit.text(), "");
+}
+
+TEST_F(X11KeysTest, AtMostTenKeysAreLentAndAllAreFreeAgain) {
+    const auto spare = X11Keyboard(x).spare();
+    {
+        X11SpareKeys keys_lent(x);
+        const X11Keyboard keyboard(x);
+        const std::vector<xcb_keysym_t> few{XKB_KEY_eacute, XKB_KEY_Eacute, XKB_KEY_Cyrillic_de};
+        ASSERT_TRUE(keys_lent.Suffice(few, keyboard));
+        keys_lent.Lend(few, keyboard);
+        EXPECT_EQ(X11Keyboard(x).spare().size(), spare.size() - 2);
+        EXPECT_EQ(keys_lent.Find(XKB_KEY_eacute)->code, keys_lent.Find(XKB_KEY_Eacute)->code);
+        std::vector<xcb_keysym_t> many;
+        for (std::size_t i = 0; i < X11SpareKeys::kMost - 2; ++i)
+            many.push_back(XKB_KEY_Greek_alpha + static_cast<xcb_keysym_t>(i));
+        EXPECT_TRUE(keys_lent.Suffice(many, keyboard));
+        many.push_back(XKB_KEY_Thai_kokai);
+        EXPECT_FALSE(keys_lent.Suffice(many, keyboard));
+    }
+    EXPECT_EQ(X11Keyboard(x).spare(), spare);
+}
+
+TEST_F(X11KeysTest, WithoutADisplayTypingIsDenied) {
+    const QByteArray display = qgetenv("DISPLAY");
+    qputenv("DISPLAY", ":no-such-display");
+    X11Keys nowhere([] {});
+    qputenv("DISPLAY", display);
+    EXPECT_EQ(nowhere.Type(ParseKeys("ab→")), SessionAnswer::Denied);
+    nowhere.WaitUntilTaken();
+}
+
+TEST_F(X11KeysTest, ModifierOfAGroupStaysDownFromKeyToKey) {
+    OpenWindow();
+    struct Watch : QObject {
+        int released = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::KeyRelease &&
+                static_cast<QKeyEvent*>(event)->key() == Qt::Key_Shift)
+                ++released;
+            return false;
+        }
+    } watch;
+    edit.installEventFilter(&watch);
+    Send("+(abc)");
+    EXPECT_EQ(watch.released, 1);
+    Send("+a+b+c");
+    EXPECT_EQ(watch.released, 4);
+    EXPECT_EQ(edit.text(), "ABCABC");
+}
+
+TEST_F(X11KeysTest, NumLockChangesNoCharacterAndStaysOn) {
+    OpenWindow();
+    const auto lock = CodeOf(NamedKey::NumLock);
+    const auto strike = [&] {
+        Finger(XCB_KEY_PRESS, lock);
+        Finger(XCB_KEY_RELEASE, lock);
+    };
+    strike();
+    Send("1.5{+}2*3/4-0{HOME}x");
+    strike();
+    EXPECT_EQ(edit.text(), "x1.5+2*3/4-0");
+}
+
+TEST_F(X11KeysTest, CapsLockIsAKeyLikeAnyOther) {
+    OpenWindow();
+    Send("{CAPSLOCK}");
+    EXPECT_NE(X11Keyboard(x).lock_in_force(), 0);
+    Send("{CAPSLOCK}");
+    EXPECT_EQ(X11Keyboard(x).lock_in_force(), 0);
 }
 
 TEST_F(X11KeysTest, CapsLockChangesNoLetterAndStaysOn) {
@@ -100,32 +185,6 @@ TEST_F(X11KeysTest, KeyThatAPersonStillHoldsIsTypedAllTheSame) {
     Send("He");
     Finger(XCB_KEY_RELEASE, key);
     EXPECT_EQ(edit.text(), "hHe");
-}
-
-TEST_F(X11KeysTest, ProgramThatDoesNotAnswerIsTypedIntoAsWell) {
-    const TemporaryFolder folder;
-    QProcess terminal;
-    terminal.start("xterm", {"-e", "sh", "-c",
-                             "read line; printf %s \"$line\" > \"$0.part\"; mv \"$0.part\" \"$0\"",
-                             QString::fromStdString(folder / "typed")});
-    ASSERT_TRUE(terminal.waitForStarted(kBound));
-    const auto focus_is_elsewhere = [&] {
-        const auto focus =
-            Answer<xcb_get_input_focus_reply>(x, xcb_get_input_focus(x.connection()));
-        const auto owner = Answer<xcb_get_property_reply>(
-            x, xcb_get_property(x.connection(), 0, focus->focus, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING,
-                                0, 64));
-        if (!owner) return false;
-        const std::string_view name(
-            static_cast<const char*>(xcb_get_property_value(owner.get())),
-            static_cast<std::size_t>(xcb_get_property_value_length(owner.get())));
-        return name.starts_with("xterm");
-    };
-    ASSERT_TRUE(QTest::qWaitFor(focus_is_elsewhere, kBound));
-    EXPECT_EQ(Send("Some words{ENTER}"), SessionAnswer::Done);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(folder / "typed"); }, kBound));
-    EXPECT_EQ(folder.Bytes("typed"), "Some words");
-    terminal.waitForFinished(kBound);
 }
 
 }  // namespace

@@ -55,6 +55,16 @@ const Guard kGuards[] = {
      Effect::PassedOver},
     {"the return from the tray", "Shell_NotifyIconA", [](Desk& desk) { desk.Hear("show corvane"); },
      Effect::PassedOver},
+    {"a command on the window in front", "ShowWindow", [](Desk& desk) { desk.Hear("maximize"); },
+     Effect::PassedOver},
+    {"the end of the session", "AdjustTokenPrivileges", [](Desk& desk) { desk.Hear("reboot"); },
+     Effect::PassedOver},
+    {"ToggleCdDoor", "mciSendStringA", [](Desk& desk) { desk.Hear("eject"); }, Effect::PassedOver},
+    {"emptying the bin", "SHEmptyRecycleBinA", [](Desk& desk) { desk.Hear("recycle bin"); },
+     Effect::PassedOver},
+    {"dialling", "InternetAutodial", [](Desk& desk) { desk.Hear("connect"); }, Effect::PassedOver},
+    {"the space on a drive", "Drives", [](Desk& desk) { desk.Hear("free space c"); },
+     Effect::PassedOver},
     {"RC_Hypothesis", "SetText",
      [](Desk& desk) {
          desk.desktop.speech.Guess("copy", "copy", SECHighConfidence);

@@ -324,6 +324,14 @@ protected:
     }};
     forms::Lazy<Form3> form3{
         [this] { return std::make_shared<Form3>(desktop.windows, loop, desktop.speech); }};
+    DesktopCommands commands{
+        desktop.AsPlatform(),
+        loop,
+        form1,
+        form2,
+        {.SayFreeSpace = [this](const std::string& drive,
+                                Long percent) { speaker.SayFreeSpace(drive, percent); },
+         .SayMemory = [this](Long megabytes) { speaker.SayMemory(megabytes); }}};
     RichTextPrinter printer{desktop.printer, desktop.gdi, desktop.user32};
     bool PadActive = false;
     forms::Lazy<Form5> form5{
@@ -331,9 +339,9 @@ protected:
     PadLog pad_log{form5};
     Training training{recogniser, desktop.runtime, form5};
     DictationMode dictation{desktop.runtime, paths, recogniser, form2, form5, pad_log, training};
-    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice, speaker,
-                                 launcher,        form2, tray,       log,   keywords,
-                                 form1,           form3, dictation};
+    RecognitionDispatch dispatch{desktop.runtime, paths, recogniser, voice,    speaker,
+                                 launcher,        form2, tray,       log,      keywords,
+                                 form1,           form3, commands,   dictation};
 };
 
 TEST_F(DispatchWithVoice, AnAcceptedCommandEndsTheMarkingOfWords) {
@@ -354,7 +362,8 @@ TEST_F(DispatchWithVoice, WithoutAVoiceEveryAnswerIsPassedOverInSilence) {
     const std::pair<const char*, const char*> kCalls[] = {
         {"the date", ""},
         {"the time", ""},
-        {"you there", ""},
+        {"free space", "Drives\n"},
+        {"how much ram", ""},
         {"read whiteboard", ""},
         {"read selected", "SendKeys ^c wait\nClipboard.GetText\n"},
         {"read all", "SendKeys ^a wait\nSendKeys ^c wait\nClipboard.GetText\n"},

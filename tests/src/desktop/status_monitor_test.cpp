@@ -175,26 +175,5 @@ TEST_F(StatusMonitorTest, EventsRunInsideATickBetweenDiskAndMemory) {
     EXPECT_EQ(inside, "GetDiskFreeSpaceExA /:\\\n");
 }
 
-TEST(SystemCommandsTest, TheFreeShareIsOfAllFreeBytesWhateverIsLeftToTheCaller) {
-    simulated::SimulatedDesktop desktop;
-    MessageLoop loop(desktop.queue, desktop.runtime);
-    SystemCommands system(desktop.machine, loop);
-    desktop.machine.PutDrive("C:\\", {.available = 1, .total = 400, .free = 54});  // 13.5
-    EXPECT_EQ(system.DiskFreePercent("C").units(), 140000);
-    constexpr ByteCount kPetabyte = ByteCount{1} << 50;
-    desktop.machine.PutDrive("C:\\", {.available = 0, .total = 8 * kPetabyte, .free = kPetabyte});
-    EXPECT_EQ(CLng(system.DiskFreePercent("C")), 12);  // 12.5
-}
-
-TEST(SystemCommandsTest, AskingForADriveYieldsOnce) {
-    simulated::SimulatedDesktop desktop;
-    MessageLoop loop(desktop.queue, desktop.runtime);
-    SystemCommands system(desktop.machine, loop);
-    bool ran = false;
-    desktop.queue.Post([&] { ran = true; });
-    (void)system.DiskFreePercent("/");
-    EXPECT_TRUE(ran);
-}
-
 }  // namespace
 }  // namespace corvane

@@ -77,5 +77,11 @@ TEST(Text, LCaseLowersTheLettersAToZAndLeavesTheRest) {
     EXPECT_EQ(LCase(""), "");
 }
 
+TEST(Text, UCaseRaisesTheLettersAToZAndLeavesTheRest) {
+    EXPECT_EQ(UCase("c"), "C");
+    EXPECT_EQ(UCase("drive Z, `{1\xC3\xA4"), "DRIVE Z, `{1\xC3\xA4");
+    EXPECT_EQ(UCase(""), "");
+}
+
 }  // namespace
 }  // namespace corvane

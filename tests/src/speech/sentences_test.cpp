@@ -40,6 +40,11 @@ TEST(Sentences, TheFreeSpaceSentenceSpellsTheDriveInItsCase) {
               "Drive <spell>D</spell> has 0 percent of its space remaining.");
 }
 
+TEST(Sentences, TheMemorySentenceNamesTheInstalledMegabytes) {
+    EXPECT_EQ(MemorySentence(16384), "You have 16384 megabytes of ram installed.");
+    EXPECT_EQ(MemorySentence(0), "You have 0 megabytes of ram installed.");
+}
+
 TEST(Sentences, DateAndTimeAreThoseOfTheMomentOfTheQuestion) {
     Desk desk;
     desk.desktop.runtime.SetClock(std::chrono::sys_days(std::chrono::year(2024) / 2 / 28) + 23h +

@@ -1,0 +1,47 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string_view>
+
+#include "linux/session/keys.h"
+#include "linux/session/x11_lent_selection.h"
+#include "linux/session/x11_ping.h"
+
+namespace corvane::linux_desktop {
+
+/// Text that goes into a program by way of what it pastes, on an X11 session.
+class X11Paste {
+public:
+    using Time = std::chrono::steady_clock::time_point;
+
+    /// `do_events` lets our own windows work.
+    explicit X11Paste(std::function<void()> do_events);
+
+    /// Whether the program would never tell when it has looked up its keys, but does tell when it
+    /// has fetched a text.
+    [[nodiscard]] static bool IsSurerThanLentKeys(const X11Ping::Target& target);
+
+    /// The stroke by which a program pastes: a terminal takes Ctrl+V for a character of its own.
+    [[nodiscard]] static KeyStroke StrokeFor(const X11Ping::Target& target);
+
+    /// Puts the text where that program will fetch it on its stroke. False if that can't be.
+    bool Offer(std::u32string_view text, const X11Ping::Target& target, Time end);
+    /// Whether it has fetched the text; to be asked over and over.
+    [[nodiscard]] bool FetchedBy(const X11Ping::Target& target);
+    /// Gives back what the person had copied: at once, or, if the text was not fetched, once a
+    /// program that hangs has had its time; it must not paste something else when it awakes.
+    void GiveBack(bool fetched);
+
+private:
+    [[nodiscard]] static bool TakesShiftInsert(const X11Ping::Target& target);
+
+    std::function<void()> do_events_;
+    // Made when first needed: few texts are pasted.
+    std::optional<X11LentSelection> clipboard_, primary_;
+    bool primary_is_lent_ = false;
+};
+
+}  // namespace corvane::linux_desktop

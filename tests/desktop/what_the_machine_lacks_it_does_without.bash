@@ -1,0 +1,27 @@
+#!/bin/bash
+# Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+# usage: what_the_machine_lacks_it_does_without.bash EXECUTABLE
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/helpers.bash"
+
+tray_words() { "$tools/read-window" "$main_window" "CD tray" 2> /dev/null; }
+tray_words_are() { [[ $(tray_words) == "$1" ]]; }
+
+# On this desktop nobody answers on the system bus, and nothing has ever been thrown away.
+start_and_wait "$1"
+"$tools/say-into-mic" shutdown
+"$tools/say-into-mic" dial the internet
+"$tools/say-into-mic" hang up
+"$tools/say-into-mic" run notepad please
+expect "it goes on" wait_until 10 terminals_are 1
+expect "all of it was accepted" wait_until 10 accepted_are 4
+
+# A tray that is there would move.
+if compgen -G '/sys/block/sr*' > /dev/null; then
+    echo "left out: there is an optical drive"
+else
+    "$tools/say-into-mic" open the tray
+    expect "without a drive the words say that it is open" wait_until 10 tray_words_are "Opened"
+    "$tools/say-into-mic" close the tray
+    expect "and closed again" wait_until 10 tray_words_are "Closed"
+fi
