@@ -263,6 +263,18 @@ TEST_F(PadPrinting, FileThatAPersonChoosesIsWrittenOnce) {
     EXPECT_EQ(WordsOf(OnlyJob(server)), WordsOf("to the printer"));
 }
 
+TEST_F(PadPrinting, PadThatIsClosedWhileTheDialogStandsIsPrintedStill) {
+    const PrintServer server;
+    pad->Show();
+    pad->txtSpeech.SetText("one two three");
+    PrintPage([this](QPrintDialog& dialog) {
+        pad->Close();
+        QCoreApplication::processEvents();
+        Cancel(dialog);
+    });
+    EXPECT_EQ(WordsOf(OnlyJob(server)), WordsOf("one two three"));
+}
+
 TEST_F(PadPrinting, PageMayBePrintedWhileTheDialogStands) {
     const PrintServer server;
     pad->txtSpeech.SetText("one two three");
