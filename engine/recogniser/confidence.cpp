@@ -16,6 +16,7 @@ constexpr double kScoreUnit = 100.0;
 
 constexpr double kHighScore = 0.75;
 constexpr double kNormalScore = 0.3;
+constexpr double kLeastScore = 0.01;
 
 // More phones than this tell no more, nor does a wider margin or a still worse phone.
 constexpr double kManyPhones = 20.0;
@@ -113,6 +114,10 @@ double ConfidenceScore(const Path& path, const WordGraph& graph) {
 SpeechEngineConfidence ConfidenceLevel(double score) {
     if (score > kHighScore) return SECHighConfidence;
     return score > kNormalScore ? SECNormalConfidence : SECLowConfidence;
+}
+
+bool IsWorthTelling(double score) {
+    return score >= kLeastScore;
 }
 
 }  // namespace corvane::engine

@@ -271,6 +271,7 @@ void Listener::EndUtterance() {
             path = decoder_->Decode(Sound(endpointer_.Begin(), endpointer_.End()));
         }
         phrase = PhraseOf(path, since);
+        if (phrase && !IsWorthTelling(phrase->score)) phrase.reset();
         const std::lock_guard lock(mutex_);
         if (!next_vocabulary_) break;
     }

@@ -111,6 +111,12 @@ TEST(ConfidenceLevel, RisesWithTheScore) {
     EXPECT_EQ(ConfidenceLevel(1.0), SECHighConfidence);
 }
 
+TEST(ConfidenceLevel, WhatIsHopelessIsNotWorthTelling) {
+    EXPECT_FALSE(IsWorthTelling(0.0));
+    EXPECT_FALSE(IsWorthTelling(0.005));
+    EXPECT_TRUE(IsWorthTelling(0.02));
+}
+
 /// What of a sound was taken for a sure command.
 std::string SurelyHeard(const Sound& sound) {
     Room room;
