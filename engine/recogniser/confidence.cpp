@@ -18,6 +18,10 @@ constexpr double kHighScore = 0.75;
 constexpr double kNormalScore = 0.3;
 constexpr double kLeastScore = 0.01;
 
+// A letter that leads another by less than this is never sure, however well it fits: a wrong letter
+// costs more than one that has to be said again.
+constexpr double kSureChoice = 400.0;
+
 // More phones than this tell no more, nor does a wider margin or a still worse phone.
 constexpr double kManyPhones = 20.0;
 constexpr double kWideMargin = 3.0;
@@ -107,8 +111,9 @@ double ConfidenceScore(const Path& path, const WordGraph& graph) {
     if (segments.word_frames == 0.0) return 0.0;
     if (!path.evidence || !path.rivals) return Likelihood(WithoutPhones(segments));
     const std::vector<Feature> features = FeaturesOf(path, graph);
-    return Weigh(kCommandWeights, kCommandBias, features) *
-           Weigh(kReadingWeights, kReadingBias, features);
+    const double score = Weigh(kCommandWeights, kCommandBias, features) *
+                         Weigh(kReadingWeights, kReadingBias, features);
+    return path.rivals->choice < kSureChoice ? std::min(score, kHighScore) : score;
 }
 
 SpeechEngineConfidence ConfidenceLevel(double score) {

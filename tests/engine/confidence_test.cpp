@@ -65,6 +65,15 @@ TEST_F(ConfidenceOfAPath, WhatFitsButHasARivalThatFitsAsWellIsNotSure) {
     EXPECT_LT(ConfidenceLevel(Score()), SECHighConfidence);
 }
 
+TEST_F(ConfidenceOfAPath, LetterNeedsAGreaterLeadThanARuleToBeSure) {
+    path_.rivals = RivalMargins{.rule = 350.0, .choice = RivalMargins::kNone};
+    EXPECT_EQ(ConfidenceLevel(Score()), SECHighConfidence);
+    path_.rivals = RivalMargins{.rule = RivalMargins::kNone, .choice = 350.0};
+    EXPECT_EQ(ConfidenceLevel(Score()), SECNormalConfidence);
+    path_.rivals->choice = 420.0;
+    EXPECT_EQ(ConfidenceLevel(Score()), SECHighConfidence);
+}
+
 TEST_F(ConfidenceOfAPath, WhatAStringOfPhonesFitsMuchBetterIsRefused) {
     path_.evidence->over_loop = -0.4;
     EXPECT_EQ(ConfidenceLevel(Score()), SECLowConfidence);
