@@ -271,7 +271,6 @@ void Listener::EndUtterance() {
             path = decoder_->Decode(Sound(endpointer_.Begin(), endpointer_.End()));
         }
         phrase = PhraseOf(path, since);
-        if (phrase && !IsWorthTelling(phrase->score)) phrase.reset();
         const std::lock_guard lock(mutex_);
         if (!next_vocabulary_) break;
     }
@@ -292,15 +291,14 @@ void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
             {.last_loud = last_loud, .end = endpointer_.End(), .known = position, .since = since});
     }
     dictation_.Drop();
-    const bool heard = phrase.has_value();
-    if (!heard) {
+    if (!phrase) {
         phrase.emplace();
         phrase->begin = kFrame * endpointer_.Begin();
         phrase->end = kFrame * last_loud;
     }
     phrase->spoken_until = kFrame * last_loud;
     phrase->latency = known + (Clock::now() - since);
-    if (heard)
+    if (!phrase->words.empty() && IsWorthTelling(phrase->score))
         reporter_.Recognised(TargetOf(path), *std::move(phrase));
     else
         reporter_.NothingIn(*std::move(phrase));
