@@ -27,7 +27,8 @@ struct SpeechEngineConfig {
     std::string client_name = "KT Corvane";  ///< what the user's sound settings call the voice
 
     /// Told of speech in which nothing was heard, as a message like an event: a phrase without
-    /// words. For tools; may be empty.
+    /// words, or with those of a reading so unlikely that nobody else is told of it. For tools; may
+    /// be empty.
     std::function<void(const engine::RecognisedPhrase&)> unmatched;
 };
 

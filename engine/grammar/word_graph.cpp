@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace corvane::engine {
@@ -222,6 +223,32 @@ private:
 };
 
 }  // namespace
+
+bool WordGraph::CanGoOn(std::span<const int> said) const {
+    std::multimap<int, const Arc*> leaving;
+    for (const Arc& arc : arcs) leaving.emplace(arc.from, &arc);
+    // Where one can be behind so many words; by their spelling, since they may be another rule's.
+    std::set<std::pair<int, std::size_t>> seen;
+    std::vector<std::pair<int, std::size_t>> open{{kStart, 0}};
+    while (!open.empty()) {
+        const auto [state, count] = open.back();
+        open.pop_back();
+        if (!seen.emplace(state, count).second) continue;
+        const auto [first, last] = leaving.equal_range(state);
+        for (auto entry = first; entry != last; ++entry) {
+            const Arc& arc = *entry->second;
+            if (arc.word == kNoWord) {
+                open.emplace_back(arc.to, count);
+            } else if (count == said.size()) {
+                return true;
+            } else if (words[static_cast<std::size_t>(arc.word)].spelling ==
+                       words[static_cast<std::size_t>(said[count])].spelling) {
+                open.emplace_back(arc.to, count + 1);
+            }
+        }
+    }
+    return false;
+}
 
 void WordGraph::Attribute(std::span<int> path) const {
     const auto word_at = [this](int word) -> const Word& {

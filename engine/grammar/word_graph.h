@@ -37,6 +37,10 @@ struct WordGraph {
     /// it belongs to: shared ones are exchanged for that rule's own.
     void Attribute(std::span<int> path) const;
 
+    /// Whether more can be said behind these words, which are a way through the graph or the
+    /// beginning of one, by any rule that they may belong to.
+    [[nodiscard]] bool CanGoOn(std::span<const int> words) const;
+
     static constexpr int kStart = 0;
     static constexpr int kFinal = 1;
     int states = 2;

@@ -16,6 +16,11 @@ constexpr double kScoreUnit = 100.0;
 
 constexpr double kHighScore = 0.75;
 constexpr double kNormalScore = 0.3;
+constexpr double kLeastScore = 0.01;
+
+// A letter that leads another by less than this is never sure, however well it fits: a wrong letter
+// costs more than one that has to be said again.
+constexpr double kSureChoice = 400.0;
 
 // More phones than this tell no more, nor does a wider margin or a still worse phone.
 constexpr double kManyPhones = 20.0;
@@ -106,13 +111,18 @@ double ConfidenceScore(const Path& path, const WordGraph& graph) {
     if (segments.word_frames == 0.0) return 0.0;
     if (!path.evidence || !path.rivals) return Likelihood(WithoutPhones(segments));
     const std::vector<Feature> features = FeaturesOf(path, graph);
-    return Weigh(kCommandWeights, kCommandBias, features) *
-           Weigh(kReadingWeights, kReadingBias, features);
+    const double score = Weigh(kCommandWeights, kCommandBias, features) *
+                         Weigh(kReadingWeights, kReadingBias, features);
+    return path.rivals->choice < kSureChoice ? std::min(score, kHighScore) : score;
 }
 
 SpeechEngineConfidence ConfidenceLevel(double score) {
     if (score > kHighScore) return SECHighConfidence;
     return score > kNormalScore ? SECNormalConfidence : SECLowConfidence;
+}
+
+bool IsWorthTelling(double score) {
+    return score >= kLeastScore;
 }
 
 }  // namespace corvane::engine

@@ -26,4 +26,8 @@ struct Feature {
 /// The level that a score earns; docs/confidence.md has what each threshold costs.
 [[nodiscard]] SpeechEngineConfidence ConfidenceLevel(double score);
 
+/// Whether there is any sense in telling of what has that score. Less is noise in which the search,
+/// which can't but find something, has found some words.
+[[nodiscard]] bool IsWorthTelling(double score);
+
 }  // namespace corvane::engine

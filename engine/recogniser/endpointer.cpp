@@ -73,6 +73,11 @@ std::int64_t Endpointer::EarliestBegin() const {
     return std::max(state_ == State::noise ? begin_ : earliest_begin_, position_ - before);
 }
 
+bool Endpointer::Rests() const {
+    return state_ == State::speech && !cut_ && position_ - last_loud_ >= kRestFrames &&
+           (loud_.to_ulong() & kLastThree) == 0;
+}
+
 Endpointer::Event Endpointer::Noise() {
     if (position_ - last_loud_ >= kTrailingFrames) {
         state_ = State::still;

@@ -25,6 +25,8 @@ public:
     /// A stretch of stillness this long ends an utterance. It stays part of it: whole-utterance
     /// normalisation wants some of the room at both ends.
     static constexpr int kTrailingFrames = 30;
+    /// Stillness this long is a sign that what is being said may be over: time to find out.
+    static constexpr int kRestFrames = 20;
     /// What is kept from before the first loud frame.
     static constexpr int kLeadingFrames = 30;
     /// Speech that finds no end is cut by then; no command is as long.
@@ -40,10 +42,12 @@ public:
     /// Takes the next frame of kFrameSamples samples.
     Event Push(std::span<const std::int16_t> frame);
 
-    /// The stream has ended or broken off: ends speech that is under way.
+    /// Ends speech that is under way: the stream has ended, or what was said is known to be all.
     Event Finish();
 
     [[nodiscard]] bool InSpeech() const { return state_ == State::speech; }
+    /// Whether it has been still for kRestFrames, within speech that is under way.
+    [[nodiscard]] bool Rests() const;
     /// Number of frames taken.
     [[nodiscard]] std::int64_t Position() const { return position_; }
     /// Where the utterance under way, or the last one, begins, leading frames included.

@@ -18,6 +18,9 @@ constexpr std::int64_t kForgottenFrames = Endpointer::kFramesPerSecond;
 
 constexpr std::int64_t kFramesPerHypothesis = Endpointer::kFramesPerSecond / 4;
 
+/// An utterance longer than this is not read before it is over: it would be in each of its pauses.
+constexpr std::int64_t kLongestForeseen = std::int64_t{4} * Endpointer::kFramesPerSecond;
+
 /// How often an utterance is judged anew because the rules changed meanwhile.
 constexpr int kMostReadings = 3;
 
@@ -75,7 +78,7 @@ void Listener::Run() {
         TakeVocabulary();
         Hear(frame);
     }
-    if (!stopping_ && endpointer_.Finish() == Endpointer::Event::speech_ended) EndUtterance();
+    if (!stopping_) Follow(endpointer_.Finish());
     dictation_.Drop();
 }
 
@@ -123,6 +126,7 @@ void Listener::UseVocabulary(std::shared_ptr<const Vocabulary> vocabulary) {
     vocabulary_ = std::move(vocabulary);
     decoder_->SetGraph(vocabulary_->graph);
     supposing_ = false;
+    foreseen_.reset();
     dictation_.Drop();
     if (endpointer_.InSpeech()) BeginUtterance();
 }
@@ -132,6 +136,11 @@ void Listener::Hear(std::span<const std::int16_t> frame) {
     sound_.insert(sound_.end(), frame.begin(), frame.end());
     const Endpointer::Event event = endpointer_.Push(frame);
     feedback_.Hear(frame, endpointer_.Position() * kBytesPerFrame, interests_);
+    if (event != Endpointer::Event::none) return Follow(event);
+    if (endpointer_.InSpeech()) HearSpeech(frame);
+}
+
+void Listener::Follow(Endpointer::Event event) {
     switch (event) {
         case Endpointer::Event::speech_began:
             BeginUtterance();
@@ -141,10 +150,10 @@ void Listener::Hear(std::span<const std::int16_t> frame) {
             break;
         case Endpointer::Event::speech_denied:
             supposing_ = false;
+            foreseen_.reset();
             dictation_.Drop();
             break;
         case Endpointer::Event::none:
-            if (endpointer_.InSpeech()) HearSpeech(frame);
             break;
     }
 }
@@ -167,6 +176,7 @@ std::span<const std::int16_t> Listener::Sound(std::int64_t begin, std::int64_t e
 void Listener::BeginUtterance() {
     supposed_.clear();
     supposing_ = false;
+    foreseen_.reset();
     FollowInterests();
     if (vocabulary_->dictating) BeginText((interests_ & SREHypothesis) != 0);
 }
@@ -176,9 +186,9 @@ void Listener::BeginText(bool suppose) {
                      Sound(endpointer_.Begin(), endpointer_.Position()), suppose);
 }
 
-// Nothing is supposed while nobody wants to know.
+// Nothing is supposed while nobody wants to know, or once more is known.
 void Listener::FollowInterests() {
-    const bool wanted = endpointer_.Whole() && (interests_ & SREHypothesis) != 0;
+    const bool wanted = endpointer_.Whole() && (interests_ & SREHypothesis) != 0 && !Foreseen();
     if (wanted == supposing_) return;
     supposing_ = wanted;
     if (!wanted) return decoder_->EndLive();
@@ -191,6 +201,7 @@ void Listener::HearSpeech(std::span<const std::int16_t> frame) {
     if (supposing_) decoder_->FeedLive(frame);
     FollowInterests();
     if (supposing_ && endpointer_.Position() % kFramesPerHypothesis == 0) Suppose();
+    if (endpointer_.Rests()) Foresee();
 }
 
 void Listener::Suppose() {
@@ -211,10 +222,47 @@ void Listener::Suppose() {
     reporter_.Supposed(RuleOf(path).target, *std::move(phrase));
 }
 
+bool Listener::Foreseen() const {
+    return foreseen_ && foreseen_->last_loud == endpointer_.LastLoud();
+}
+
+// Reads what may be over while it is not yet still for long enough to be sure. Either it is a
+// command to which nothing can be added, and nobody has to wait, or the reading is at hand when the
+// stillness has lasted.
+void Listener::Foresee() {
+    // Who dictates may go on after anything.
+    if (Foreseen() || vocabulary_->dictating || !endpointer_.Whole() ||
+        endpointer_.Position() - endpointer_.Begin() > kLongestForeseen)
+        return;
+    {
+        const std::lock_guard lock(mutex_);
+        if (next_vocabulary_) return;
+    }
+    const auto since = Clock::now();
+    supposing_ = false;
+    foreseen_.emplace();
+    foreseen_->last_loud = endpointer_.LastLoud();
+    foreseen_->path = decoder_->Decode(Sound(endpointer_.Begin(), endpointer_.Position()));
+    foreseen_->latency =
+        kFrame * (endpointer_.Position() - foreseen_->last_loud) + (Clock::now() - since);
+    if (IsSurelyAll(foreseen_->path)) Follow(endpointer_.Finish());
+}
+
+bool Listener::IsSurelyAll(const Path& path) const {
+    std::vector<int> words;
+    for (const PathSegment& segment : path)
+        if (IsWord(segment)) words.push_back(segment.word);
+    const WordGraph& graph = vocabulary_->graph;
+    return !words.empty() && !graph.CanGoOn(words) &&
+           ConfidenceLevel(ConfidenceScore(path, graph)) == SECHighConfidence;
+}
+
 void Listener::EndUtterance() {
     const auto since = Clock::now();
     Path path;
     std::optional<RecognisedPhrase> phrase;
+    // From the end of speech until now, or until the reading was known, whichever was later.
+    Clock::duration known = kFrame * (endpointer_.Position() - endpointer_.LastLoud());
     // Again, if the rules change while it is judged: who would be told of the first reading may
     // have gone. Not without end, for one who changes them all the time.
     for (int attempt = 0; attempt < kMostReadings; ++attempt) {
@@ -223,18 +271,25 @@ void Listener::EndUtterance() {
         // A command is all that is said at a time: what a television says at the end of a minute
         // is none. Text may be as long as it likes.
         if (!endpointer_.Whole()) break;
-        path = decoder_->Decode(Sound(endpointer_.Begin(), endpointer_.End()));
+        if (Foreseen()) {
+            path = std::move(foreseen_->path);
+            known = std::max(known, foreseen_->latency);
+            foreseen_.reset();
+        } else {
+            path = decoder_->Decode(Sound(endpointer_.Begin(), endpointer_.End()));
+        }
         phrase = PhraseOf(path, since);
         const std::lock_guard lock(mutex_);
         if (!next_vocabulary_) break;
     }
+    foreseen_.reset();
     const SpeechEngineConfidence confidence = phrase ? phrase->confidence : SECLowConfidence;
-    Tell(std::move(phrase), path, since);
+    Tell(std::move(phrase), path, since, known);
     if (endpointer_.Whole()) TellHowItWasSaid(path, confidence);
 }
 
 void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
-                    Clock::time_point since) {
+                    Clock::time_point since, Clock::duration known) {
     const std::int64_t last_loud = endpointer_.LastLoud();
     const std::int64_t position = endpointer_.Position();
     const bool of_dictation = phrase && RuleOf(path).of_dictation;
@@ -254,15 +309,14 @@ void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
         phrase.reset();
     }
     dictation_.Drop();
-    const bool heard = phrase.has_value();
-    if (!heard) {
+    if (!phrase) {
         phrase.emplace();
         phrase->begin = kFrame * endpointer_.Begin();
         phrase->end = kFrame * last_loud;
     }
     phrase->spoken_until = kFrame * last_loud;
-    phrase->latency = kFrame * (position - last_loud) + (Clock::now() - since);
-    if (heard)
+    phrase->latency = known + (Clock::now() - since);
+    if (!phrase->words.empty() && IsWorthTelling(phrase->score))
         reporter_.Recognised(RuleOf(path).target, *std::move(phrase));
     else
         reporter_.NothingIn(*std::move(phrase));

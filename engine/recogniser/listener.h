@@ -63,8 +63,13 @@ private:
     void BeginText(bool suppose);
     void FollowInterests();
     void Suppose();
+    void Foresee();
+    [[nodiscard]] bool Foreseen() const;
+    [[nodiscard]] bool IsSurelyAll(const Path& path) const;
+    void Follow(Endpointer::Event event);
     void EndUtterance();
-    void Tell(std::optional<RecognisedPhrase> phrase, const Path& path, Clock::time_point since);
+    void Tell(std::optional<RecognisedPhrase> phrase, const Path& path, Clock::time_point since,
+              Clock::duration known);
     void TellHowItWasSaid(const Path& path, SpeechEngineConfidence confidence);
     /// Throws away what no utterance can need any more.
     void Forget();
@@ -93,6 +98,14 @@ private:
     std::int64_t sound_begin_ = 0;     ///< frame of the stream at which it begins
     bool supposing_ = false;
     std::vector<std::string> supposed_;  ///< words of the last hypothesis
+
+    /// What the utterance under way is, should it prove to be over.
+    struct Foresight {
+        Path path;
+        std::int64_t last_loud = 0;
+        Clock::duration latency{};  ///< from the end of speech until this was known
+    };
+    std::optional<Foresight> foreseen_;
 
     std::thread thread_;
 };

@@ -14,7 +14,8 @@ namespace corvane::engine {
 class Reporter {
 public:
     using Post = std::function<void(std::function<void()>)>;
-    /// Speech in which nothing was heard: a phrase without words. Runs on the loop's thread.
+    /// Speech in which nothing was heard: a phrase without words, or with those of a reading that
+    /// is not worth telling. Runs on the loop's thread.
     using Unmatched = std::function<void(const RecognisedPhrase&)>;
 
     Reporter(Post post, Unmatched unmatched);

@@ -65,6 +65,15 @@ TEST_F(ConfidenceOfAPath, WhatFitsButHasARivalThatFitsAsWellIsNotSure) {
     EXPECT_LT(ConfidenceLevel(Score()), SECHighConfidence);
 }
 
+TEST_F(ConfidenceOfAPath, LetterNeedsAGreaterLeadThanARuleToBeSure) {
+    path_.rivals = RivalMargins{.rule = 350.0, .choice = RivalMargins::kNone};
+    EXPECT_EQ(ConfidenceLevel(Score()), SECHighConfidence);
+    path_.rivals = RivalMargins{.rule = RivalMargins::kNone, .choice = 350.0};
+    EXPECT_EQ(ConfidenceLevel(Score()), SECNormalConfidence);
+    path_.rivals->choice = 420.0;
+    EXPECT_EQ(ConfidenceLevel(Score()), SECHighConfidence);
+}
+
 TEST_F(ConfidenceOfAPath, WhatAStringOfPhonesFitsMuchBetterIsRefused) {
     path_.evidence->over_loop = -0.4;
     EXPECT_EQ(ConfidenceLevel(Score()), SECLowConfidence);
@@ -109,6 +118,12 @@ TEST(ConfidenceLevel, RisesWithTheScore) {
     EXPECT_EQ(ConfidenceLevel(0.0), SECLowConfidence);
     EXPECT_EQ(ConfidenceLevel(0.5), SECNormalConfidence);
     EXPECT_EQ(ConfidenceLevel(1.0), SECHighConfidence);
+}
+
+TEST(ConfidenceLevel, WhatIsHopelessIsNotWorthTelling) {
+    EXPECT_FALSE(IsWorthTelling(0.0));
+    EXPECT_FALSE(IsWorthTelling(0.005));
+    EXPECT_TRUE(IsWorthTelling(0.02));
 }
 
 /// What of a sound was taken for a sure command.

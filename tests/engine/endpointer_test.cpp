@@ -137,6 +137,35 @@ TEST_F(EndpointerTest, SpeechEndsAfterShortStillness) {
     EXPECT_TRUE(endpointer.Whole());
 }
 
+TEST_F(EndpointerTest, SpeechRestsAfterAFifthOfASecondOfStillnessUntilItGoesOn) {
+    EXPECT_FALSE(endpointer.Rests());
+    HearRoom(2s);
+    EXPECT_FALSE(endpointer.Rests()) << "nobody has spoken";
+    HearVoice(500ms);
+    HearRoom(10ms * (Endpointer::kRestFrames - 4));
+    EXPECT_FALSE(endpointer.Rests());
+    HearRoom(50ms);
+    EXPECT_TRUE(endpointer.Rests());
+    EXPECT_EQ(HearVoice(200ms), kNothing);
+    EXPECT_FALSE(endpointer.Rests());
+    EXPECT_EQ(HearRoom(500ms), kEnded);
+    EXPECT_FALSE(endpointer.Rests());
+}
+
+TEST_F(EndpointerTest, SpeechThatRestsCanBeEndedAtOnceAndTheNextIsHeard) {
+    HearRoom(2s);
+    HearVoice(500ms);
+    HearRoom(230ms);
+    ASSERT_TRUE(endpointer.Rests());
+    EXPECT_EQ(endpointer.Finish(), Event::speech_ended);
+    EXPECT_EQ(endpointer.End(), endpointer.Position());
+    const std::int64_t end = endpointer.LastLoud();
+    EXPECT_EQ(HearRoom(100ms), kNothing);
+    EXPECT_EQ(HearVoice(500ms), kBegan);
+    EXPECT_GE(endpointer.Begin(), end);
+    EXPECT_EQ(HearRoom(500ms), kEnded);
+}
+
 TEST_F(EndpointerTest, PauseBetweenWordsIsNoEnd) {
     HearRoom(2s);
     HearVoice(500ms);

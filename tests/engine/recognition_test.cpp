@@ -1,13 +1,17 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstdlib>
 #include <fstream>
 #include <string>
 #include <vector>
 
 #include "support/generated_sound.h"
 #include "support/room.h"
+#include "support/temporary_file.h"
 
 namespace corvane::engine {
 namespace {
@@ -15,6 +19,8 @@ namespace {
 using testing::Listening;
 using testing::Room;
 using testing::Say;
+using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""s;
 
 constexpr const char* kCommands = CORVANE_PROJECT_FOLDER "/data/keywords.xml";
 constexpr std::array kVoices{"slt", "rms", "awb"};
@@ -81,8 +87,52 @@ TEST_F(Recognition, OtherSpeechIsNeverHeardWithHighConfidence) {
                     << voice << ": " << text << " as " << testing::Told(result);
 }
 
+/// A command's sound without the stillness around it.
+testing::Sound SaidAtOnce(const std::string& text) {
+    const auto loud = [](std::int16_t sample) { return std::abs(sample) >= 300; };
+    const testing::Sound sound = Say(text);
+    const auto begin = std::ranges::find_if(sound, loud);
+    const auto end = std::find_if(sound.rbegin(), sound.rend(), loud).base();
+    return {begin, end};
+}
+
+constexpr const char* kTimeRule =
+    R"(<RULE NAME="the time" TOPLEVEL="ACTIVE"><P>what time is it</P></RULE>)";
+constexpr const char* kCloseRule =
+    R"(<RULE NAME="close" TOPLEVEL="ACTIVE"><P>normalize</P><O>window</O></RULE>)";
+
+TEST_F(Recognition, CommandToWhichNothingCanBeAddedIsToldBeforeTheStillnessHasLasted) {
+    const testing::TemporaryFile grammar(testing::GrammarOf(std::string(kTimeRule) + kCloseRule));
+    Room room;
+    const Listening listening(*room.engine, grammar.Path(), SRERecognition);
+    room.microphone.Hear(testing::Joined(testing::Stillness(400ms), SaidAtOnce("what time is it")));
+    room.microphone.Hear(testing::Stillness(260ms));
+    ASSERT_TRUE(room.messages.WaitForOne());
+    room.messages.Run();
+    ASSERT_EQ(listening.recognised.size(), 1U);
+    EXPECT_EQ(testing::Told(listening.recognised[0]), "the time: what time is it");
+    room.HearToTheEnd(testing::Stillness(1s));
+    EXPECT_EQ(listening.recognised.size(), 1U) << "it is told once";
+}
+
+TEST_F(Recognition, CommandThatMayGoOnIsNotCutInTwoByAPause) {
+    const testing::TemporaryFile grammar(testing::GrammarOf(std::string(kTimeRule) + kCloseRule));
+    Room room;
+    const Listening listening(*room.engine, grammar.Path());
+    const testing::Sound speech = testing::Joined(
+        testing::Joined(SaidAtOnce("normalize"), testing::Stillness(240ms)), SaidAtOnce("window"));
+    room.HearToTheEnd(testing::Joined(testing::Stillness(400ms), speech));
+    ASSERT_EQ(listening.recognised.size(), 1U);
+    EXPECT_EQ(testing::Told(listening.recognised[0]), "close: normalize window");
+}
+
+TEST_F(Recognition, WhatIsNothingLikeACommandIsToldToNobody) {
+    for (const char* voice : kVoices)
+        EXPECT_TRUE(Heard("my sister bought three pounds of apples on the market", voice).empty())
+            << voice;
+}
+
 TEST_F(Recognition, CommandAtTheEndOfALongTalkIsNone) {
-    using std::chrono_literals::operator""s;
     testing::GeneratedSound make;
     testing::Sound command = Say("what time is it");
     testing::Sound at_once = command;

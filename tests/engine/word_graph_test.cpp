@@ -118,6 +118,26 @@ TEST_F(WordGraphTest, RuleThatIsTheBeginningOfAnotherKeepsItsSentence) {
                                      "close@2 window@2 a@2"}));
 }
 
+TEST_F(WordGraphTest, CanGoOnWhileAnyRuleThatTheWordsMayBelongToHasMore) {
+    const WordGraph graph = Compile(
+        ParseGrammar(GrammarOf(RuleOf("x", "close") +
+                               R"(<RULE NAME="y" TOPLEVEL="ACTIVE"><P>close</P><P>window</P>)"
+                               R"(<O>please</O></RULE>)" +
+                               RuleOf("z", "a window"))));
+    const auto said_by = [&](std::size_t rule, const std::vector<std::string>& said) {
+        std::vector<int> path;
+        for (const std::string& word : said)
+            for (int i = graph.first_words[rule]; i < graph.first_words[rule + 1]; ++i)
+                if (graph.words[static_cast<std::size_t>(i)].spelling == word) path.push_back(i);
+        return path;
+    };
+    EXPECT_TRUE(graph.CanGoOn({})) << "nothing was said yet";
+    EXPECT_TRUE(graph.CanGoOn(said_by(0, {"close"}))) << "it may become the other rule";
+    EXPECT_TRUE(graph.CanGoOn(said_by(1, {"close", "window"}))) << "an optional word may follow";
+    EXPECT_FALSE(graph.CanGoOn(said_by(1, {"close", "window", "please"})));
+    EXPECT_FALSE(graph.CanGoOn(said_by(2, {"a", "window"})));
+}
+
 TEST_F(WordGraphTest, PhraseTooLongToBeSaidTakesOnlyItsOwnRuleAway) {
     std::string phrase;
     for (std::size_t i = 0; i <= kLongestPhrase; ++i) phrase += "a ";

@@ -98,6 +98,7 @@ private:
     [[nodiscard]] std::unique_ptr<engine::AudioSource> MakeSource();
     [[nodiscard]] std::shared_ptr<ISpeechRecoContext> AddContext();
     void Print(const char* event, const RecognisedPhrase& phrase) const;
+    void PrintNothing(RecognisedPhrase speech) const;
     void PrintFeatures(const RecognisedPhrase& phrase) const;
     void Print(const char* event, const ISpeechRecoResult& result) const;
     void Print(const Variant& position, std::int32_t interference) const;
@@ -124,7 +125,7 @@ Hearing::Hearing(const std::string& file, const Arguments& arguments)
       arguments_(arguments),
       samples_(engine::ReadWavFile(file)),
       engine_(
-          ConfigurationTelling([this](const RecognisedPhrase& p) { Print("none", p); }),
+          ConfigurationTelling([this](const RecognisedPhrase& speech) { PrintNothing(speech); }),
           [this](std::function<void()> message) { messages_.Post(std::move(message)); },
           MakeSource()) {
     for (const std::string& path : arguments.grammars) {
@@ -196,6 +197,17 @@ void Hearing::Print(const char* event, const RecognisedPhrase& phrase) const {
                 static_cast<long long>(phrase.end.count()), latency.count(), text.c_str());
     if (arguments_.features) PrintFeatures(phrase);
     std::fflush(stdout);
+}
+
+void Hearing::PrintNothing(RecognisedPhrase speech) const {
+    // Whoever looks at features wants to know of what, even where it came to nothing.
+    if (!arguments_.features) {
+        speech.rule.clear();
+        speech.words.clear();
+        speech.score = 0.0;
+    }
+    speech.confidence = SECLowConfidence;
+    Print("none", speech);
 }
 
 void Hearing::PrintFeatures(const RecognisedPhrase& phrase) const {
