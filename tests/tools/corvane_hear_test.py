@@ -104,6 +104,14 @@ class CorvaneHear(unittest.TestCase):
         self.assertEqual((last["event"], last["rule"], last["confidence"], last["text"]), ("none", "", "-1", ""))
         self.assertGreater(int(last["end"]), int(last["start"]))
 
+    def test_a_hopeless_match_is_none_and_told_to_who_asks_for_features(self):
+        commands = self.grammar("commands.xml", rule("the time", "what time is it"))
+        talk = self.say("my sister bought three pounds of apples on the market")
+        _, lines, _ = hear("--final", "--grammar", commands, talk)
+        self.assertEqual([(line["event"], line["rule"], line["text"]) for line in lines], [("none", "", "")])
+        _, lines, _ = hear("--final", "--features", "--grammar", commands, talk)
+        self.assertEqual([(line["event"], line["rule"]) for line in lines], [("none", "the time"), ("features", "")])
+
     def test_dictation_is_text_and_sure_commands_are_commands(self):
         commands = self.grammar("commands.xml", rule("the time", "what time is it"))
         heard = self.recognitions("--dictation", "--grammar", commands, self.say("what time is it", "a.wav"),
