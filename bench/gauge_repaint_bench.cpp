@@ -21,7 +21,7 @@ void Repaint(benchmark::State& state) {
     ControlView view(&window);
     Gdi gdi;
     const ControlHandles controls;
-    User32 user32(controls, gdi);
+    User32 user32(MakeSessionWindows(), controls, gdi);
     bkCProg gauge(std::make_unique<QtControlHost>(gdi, view), gdi, user32);
     gauge.ReadProperties({});
     gauge.UserControl.SetSize(1485, 1320);

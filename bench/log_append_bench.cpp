@@ -34,7 +34,8 @@ public:
 private:
     linux_desktop::QtMessageQueue messages_;
     linux_desktop::QtToolkit windows_{{}};
-    linux_desktop::User32 user32_{windows_.Controls(), windows_.Gdi32()};
+    linux_desktop::User32 user32_{linux_desktop::MakeSessionWindows(), windows_.Controls(),
+                                  windows_.Gdi32()};
     linux_desktop::LinuxRuntime runtime_{nullptr};  // no keys are typed here
     MessageLoop loop_{messages_, runtime_};
     forms::Lazy<Form2> main_window_{[this] {

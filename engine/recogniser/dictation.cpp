@@ -71,7 +71,10 @@ bool IsSurelyOwn(const Dictation::Ending& ending) {
 /// Whether it is this phrase rather than this text.
 bool IsOwn(const Dictation::OwnPhrase& own, const DictatedText& text) {
     const double frames = static_cast<double>((own.phrase.end - own.phrase.begin) / kFrame);
-    const double better = std::max(0.0, text.acoustic - own.acoustic) / std::max(1.0, frames);
+    // Where no text was found, none fits better.
+    const double better = text.words.empty()
+                              ? 0
+                              : std::max(0.0, text.acoustic - own.acoustic) / std::max(1.0, frames);
     if (text.certainty >= kSureText && better >= kFitOfSureText) return false;
     return own.phrase.confidence == SECHighConfidence ||
            own.phrase.score - kScorePerFit * better >= kLeastOwnScore;

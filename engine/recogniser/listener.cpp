@@ -306,7 +306,8 @@ void Listener::Tell(std::optional<RecognisedPhrase> phrase, const Path& path,
             if (of_dictation) ending.own_phrase = {*std::move(phrase), AcousticOf(path)};
             return dictation_.Write(std::move(ending));
         }
-        phrase.reset();
+        // No room for more text. Who says so surely can still edit, and above all get out.
+        if (!of_dictation || phrase->confidence < SECHighConfidence) phrase.reset();
     }
     dictation_.Drop();
     if (!phrase) {

@@ -57,7 +57,7 @@ std::string WithCapital(std::string word) {
 class Page {
 public:
     void Word(std::string text, std::size_t place) {
-        if (!open_ || phrases_.empty()) Open(place);
+        if (!GoesOn()) Open(place);
         std::vector<std::string>& words = phrases_.back().words;
         if (joined_ && !words.empty())
             words.back() += text;
@@ -81,6 +81,9 @@ public:
         }
         open_ = false;
     }
+
+    /// Whether a word would go on with the last phrase instead of beginning one.
+    [[nodiscard]] bool GoesOn() const { return open_ && !phrases_.empty(); }
 
     [[nodiscard]] std::vector<WrittenPhrase> Take() { return std::move(phrases_); }
 
@@ -111,11 +114,13 @@ std::vector<WrittenPhrase> TextWriter::Write(std::span<const std::string> spoken
         for (WrittenPhrase& phrase : phrases) phrase.last = spoken.size() - 1;
         return phrases;
     }
-    capital_before_ = capital_;
     Page page;
     for (std::size_t i = 0; i < spoken.size(); ++i) {
         const SpokenMark* const mark = MarkOfToken(spoken[i]);
-        if (mark && i + 1 < spoken.size() && IsWordBefore(*mark, spoken[i + 1])) {
+        const bool is_word = !mark || (i + 1 < spoken.size() && IsWordBefore(*mark, spoken[i + 1]));
+        // Phrases are scratched one by one, line breaks never.
+        if (!page.GoesOn() && (is_word || !mark->breaks_line)) capital_before_ = capital_;
+        if (mark && is_word) {
             for (const std::string& word : WordsOf(mark->name)) {
                 page.Word(Spelled(word), i);
                 capital_ = false;

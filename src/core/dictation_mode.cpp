@@ -1,6 +1,8 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/dictation_mode.h"
 
+#include <utility>
+
 #include "runtime/text.h"
 
 namespace corvane {
@@ -55,15 +57,15 @@ void DictationMode::HandlePhrase(const ResumeNext& step, const std::string& Phra
         return log_the_phrase();
     }
     if (phrase == "clear everything") {
+        // Forgotten first: keys may let the next phrase in, and that one is to be remembered.
+        LastPhrase.clear();
         target.Clear(step);
-        log_the_phrase();
-        return LastPhrase.clear();
+        return log_the_phrase();
     }
     if (phrase == "scratch that") {
         log_the_phrase();
         if (LastPhrase.empty()) return;
-        target.Scratch(step, LastPhrase);
-        return LastPhrase.clear();
+        return target.Scratch(step, std::exchange(LastPhrase, {}));
     }
     log_the_phrase();
     LastPhrase = PhraseText;

@@ -39,8 +39,11 @@ void RichTextPrinter::PrintPages(const forms::TextBox& box, const PrintMargins& 
     // Places count from the corner of what can be printed on, margins from the paper's.
     const Long left = margins.left - left_offset;
     const Long top = margins.top - top_offset;
-    const Long right = Round(printer_.Width()) - margins.right - left_offset;
-    const Long bottom = Round(printer_.Height()) - margins.bottom - top_offset;
+    const auto end = [](double paper, Long margin, Long offset) {
+        return Round(paper - margin.rep() - offset.rep());
+    };
+    const Long right = end(printer_.Width(), margins.right, left_offset);
+    const Long bottom = end(printer_.Height(), margins.bottom, top_offset);
 
     FORMATRANGE range;
     range.hdc = range.hdcTarget = printer_.hDC();

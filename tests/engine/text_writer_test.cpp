@@ -91,6 +91,14 @@ TEST(TextWriter, SignBehindALineBreakStandsAlone) {
     EXPECT_EQ(Written("one @new_line @comma two"), "One|\r|, Two");
 }
 
+TEST(TextWriter, PhraseScratchedBehindALineBreakLeavesTheCapitalToTheNext) {
+    TextWriter writer;
+    Write(writer, "we walk");
+    EXPECT_EQ(Write(writer, "home @period @new_line then"), "home.|\r|Then");
+    Write(writer, "scratch that");
+    EXPECT_EQ(Write(writer, "now"), "Now");
+}
+
 TEST(TextWriter, MarkSaidAloneStandsAlone) {
     EXPECT_EQ(Written("@comma"), ",");
     EXPECT_EQ(Written("@new_line"), "\r");

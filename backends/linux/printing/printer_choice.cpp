@@ -46,7 +46,15 @@ std::shared_ptr<QPrinter> PrinterChoice::ForJob() {
 std::shared_ptr<QPrinter> PrinterChoice::Proposal() const {
     const QPrinterInfo last =
         confirmed_ ? QPrinterInfo::printerInfo(confirmed_->printerName()) : QPrinterInfo();
-    return Make(last.isNull() ? QPrinterInfo::defaultPrinter() : last);
+    if (last.isNull()) return Make(QPrinterInfo::defaultPrinter());
+    // All that the last one was confirmed with: it is what a cancelled dialog prints with.
+    auto proposal = Make(last);
+    proposal->setPageLayout(confirmed_->pageLayout());
+    proposal->setCopyCount(confirmed_->copyCount());
+    proposal->setCollateCopies(confirmed_->collateCopies());
+    proposal->setDuplex(confirmed_->duplex());
+    proposal->setColorMode(confirmed_->colorMode());
+    return proposal;
 }
 
 void PrinterChoice::Confirm(std::shared_ptr<QPrinter> printer) {

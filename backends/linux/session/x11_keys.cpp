@@ -57,7 +57,7 @@ SessionAnswer X11Keys::Type(Strokes strokes) {
     ++texts_;
     {
         X11Fingers fingers(x_, keyboard);
-        if (spare_.any_lent()) Await(kQuestionsForAChunk, milliseconds(0));
+        if (spare_.any_lent() && !target_.ours) Await(kQuestionsForAChunk, milliseconds(0));
         bool goes_on = true;
         for (const Piece& piece : pieces) {
             if (!goes_on) break;
@@ -137,7 +137,9 @@ std::optional<KeyChord> X11Keys::ChordOf(const KeyStroke& stroke,
 
 void X11Keys::TypePiece(Strokes strokes, const X11Keyboard& keyboard, X11Fingers& fingers) {
     for (std::size_t i = 0; i < strokes.size(); ++i) {
-        if (i > 0 && i % kChunk == 0) Await(kQuestionsForAChunk, kForAChunk);
+        // One of our own windows takes keys by a loop that brings more than keys, perhaps the next
+        // text, which must not come into the middle of this one.
+        if (i > 0 && i % kChunk == 0 && !target_.ours) Await(kQuestionsForAChunk, kForAChunk);
         if (const auto chord = ChordOf(strokes[i], keyboard)) fingers.Strike(*chord);
     }
     x_.Sync();

@@ -192,6 +192,20 @@ TEST_F(PadPrinting, ChoiceOfPagesHasNoEffectAndTheNumberOfCopiesHas) {
     EXPECT_EQ(server.Option("copies"), std::string("\0\0\0\3", 4));
 }
 
+TEST_F(PadPrinting, CancelledDialogShowsWhatItPrintsWith) {
+    const PrintServer server;
+    pad->txtSpeech.SetText("one two three");
+    PrintPage([](QPrintDialog& dialog) {
+        dialog.findChild<QSpinBox*>("copies")->setValue(3);
+        Confirm(dialog);
+    });
+    PrintPage([](QPrintDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QSpinBox*>("copies")->value(), 3);
+        Cancel(dialog);
+    });
+    EXPECT_EQ(server.Option("copies"), std::string("\0\0\0\3", 4));
+}
+
 TEST_F(PadPrinting, CancelledDialogStillPrints) {
     const PrintServer server;
     pad->txtSpeech.SetText("one two three");
@@ -206,7 +220,7 @@ TEST_F(PadPrinting, LettersOfAnyLanguageComeOut) {
     EXPECT_EQ(WordsOf(OnlyJob(server)), WordsOf("na\u00EFve \u20AC 5 \u0416\u0443\u043A"));
 }
 
-TEST_F(PadPrinting, TextThatAPersonHasTypedIsPrinted) {
+TEST_F(PadPrinting, TextPutInAtTheCaretIsPrinted) {
     const PrintServer server;
     pad->txtSpeech.SetText("dictated ");
     pad->txtSpeech.SetSelStart(Len(pad->txtSpeech.Text()));

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "runtime/text.h"
 #include "simulated/simulated_context.h"
 #include "support/dictation_desk.h"
@@ -488,6 +490,20 @@ TEST_F(DictationIntoTheFocus, ClearEverythingNeverReachesBeyondThisDictation) {
     desk.Transcript();
     desk.HearAll({"delete", "clear everything"});
     EXPECT_EQ(desk.Transcript(), "SendKeys {BS} wait\n");
+}
+
+TEST_F(DictationIntoTheFocus, WhatIsSaidWhileThePhraseBeforeIsScratchedCanBeScratchedToo) {
+    desk.Hear("one");
+    bool said = false;
+    desk.desktop.runtime.OnSendKeys = [&](const std::string&) {
+        if (std::exchange(said, true)) return;
+        desk.desktop.speech.Say("two");
+        desk.desktop.queue.DoEvents();
+    };
+    desk.Hear("scratch that");
+    desk.Transcript();
+    desk.Hear("scratch that");
+    EXPECT_EQ(desk.Transcript(), "SendKeys {BS}{BS}{BS}{BS} wait\n");
 }
 
 TEST_F(DictationIntoTheFocus, KeysThatCannotBeTypedArePassedOver) {
