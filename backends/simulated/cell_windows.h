@@ -93,7 +93,8 @@ struct ShownWindow : TopWindow {
 /// A toolkit of windows in memory, and the hands of the person in front of them. The desktop's
 /// frame around a window is 60 twips wide, its title bar 285 twips high. Operations that can be
 /// told to fail: Show, ShowModal, Hide, SetFocus, SetText, SetSelection, SetPlace, AddRow, SetCell,
-/// RemoveRow, SelectRow, SetDate, SetCaption, SetPicture, AskForFile, AskForPrinter.
+/// RemoveRow, SelectRow, SetDate, SetCaption, SetPicture, AskForFile, AskForPrinter,
+/// ReplaceSelection.
 class CellWindows final : public IWindowToolkit {
 public:
     /// `queue` runs while a window is modal; `gdi` draws what draws itself; `screen` is shared with

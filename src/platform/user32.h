@@ -37,7 +37,8 @@ enum ExitFlags : std::uint32_t { EWX_SHUTDOWN = 1, EWX_REBOOT = 2, EWX_POWEROFF 
 
 /// Handles are those of top-level windows of any program; one of the system's own windows is known
 /// here by the same handle that its peer gives (IWindowPeer::hWnd). A handle whose window has gone
-/// is no error: each call then does nothing and returns 0 or false. Nothing here raises.
+/// is no error: each call then does nothing and returns 0 or false. Nothing here raises, but for
+/// the layout of a text, which is asked of a control by the handle of its own (ITextPeer::hWnd).
 class IUser32 {
 public:
     virtual ~IUser32() = default;
@@ -49,6 +50,16 @@ public:
     /// lets the person move the window as if by its title bar.
     virtual std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
                                       std::int32_t lParam) = 0;
+
+    /// EM_FORMATRANGE to a rich text control: lays out the characters `range->chrg` in the
+    /// rectangle `range->rc`, wrapped at words, and draws them there unless `wParam` is 0, which
+    /// only measures. Returns the position of the first character that had no room, the length of
+    /// the text when all had. At least one line is laid out where text is left, however small the
+    /// rectangle, so that whoever goes on from the answer comes to an end. The layout is kept for
+    /// the next call; no range frees it. An unknown window and any other message return 0; a page
+    /// that can't be drawn on raises kPrinterError.
+    virtual std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
+                                      const FORMATRANGE* range) = 0;
 
     /// The window that has the person's attention; 0 when none has.
     [[nodiscard]] virtual HWND GetForegroundWindow() = 0;
@@ -95,15 +106,6 @@ public:
     /// about unsaved work. `reserved` means nothing. False, and nothing happens, when the caller's
     /// token does not have the privilege "SeShutdownPrivilege" switched on or the machine refuses.
     virtual bool ExitWindowsEx(std::uint32_t flags, std::uint32_t reserved) = 0;
-    /// EM_FORMATRANGE to a rich text control: lays out the characters `range->chrg` in the
-    /// rectangle `range->rc`, wrapped at words, and draws them there unless `wParam` is 0, which
-    /// only measures. Returns the position of the first character that had no room, the length of
-    /// the text when all had. At least one line is laid out where text is left, however small the
-    /// rectangle, so that whoever goes on from the answer comes to an end. The layout is kept for
-    /// the next call; no range frees it. An unknown window and any other message return 0; a page
-    /// that can't be drawn on raises kPrinterError.
-    virtual std::int32_t SendMessageA(HWND hWnd, std::uint32_t msg, std::uint32_t wParam,
-                                      const FORMATRANGE* range) = 0;
 
     /// The colour 0x00BBGGRR of that part of the windows: 15 is the face of buttons, 18 their text.
     /// 0 if there is no such part.

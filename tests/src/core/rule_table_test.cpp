@@ -15,8 +15,10 @@ struct Row {
 };
 
 /// The rules of the command grammar and of the quiet one, in the order in which they are compared,
-/// and what each of them does to the desktop. Those of dictation have tests of their own.
+/// and what each of them does to the desktop.
 const Row kRows[] = {
+    {"dictation notepad", "Show Form5"},
+    {"dictate", "DictationSetState 1"},
     {"hide corvane", "Hide Form2"},
     {"show corvane", "Shell_NotifyIconA NIM_DELETE"},
     {"copy", "SendKeys ^c wait"},
