@@ -65,8 +65,10 @@ class Keys {
 public:
     virtual ~Keys() = default;
 
-    /// Types the strokes in order, or none if one of them has no key. Modifiers and locks that the
-    /// person has set are out of force meanwhile.
+    /// Types the strokes in order, or none if one of them can't be typed; any character can by
+    /// itself. Modifiers and locks that the person has set are out of force meanwhile. Waits, for a
+    /// bounded time, where a long text or one that the keyboard lacks needs it: messages of our own
+    /// windows run then if one of them has the focus, or keeps the clipboard.
     virtual SessionAnswer Type(std::span<const KeyStroke> strokes) = 0;
 
     /// Returns when the program with the focus has taken the strokes typed last, or after a bounded

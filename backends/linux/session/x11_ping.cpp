@@ -33,7 +33,8 @@ std::string BytesOf(const X11Connection& x, xcb_get_property_cookie_t cookie) {
 
 std::vector<std::uint32_t> Numbers(const std::string& bytes) {
     std::vector<std::uint32_t> numbers(bytes.size() / sizeof(std::uint32_t));
-    std::memcpy(numbers.data(), bytes.data(), numbers.size() * sizeof(std::uint32_t));
+    if (!numbers.empty())
+        std::memcpy(numbers.data(), bytes.data(), numbers.size() * sizeof(std::uint32_t));
     return numbers;
 }
 

@@ -50,7 +50,7 @@ const Event& As(const xcb_generic_event_t& event) {
 
 std::vector<xcb_atom_t> AtomsIn(const std::string& bytes) {
     std::vector<xcb_atom_t> atoms(bytes.size() / sizeof(xcb_atom_t));
-    std::memcpy(atoms.data(), bytes.data(), atoms.size() * sizeof(xcb_atom_t));
+    if (!atoms.empty()) std::memcpy(atoms.data(), bytes.data(), atoms.size() * sizeof(xcb_atom_t));
     return atoms;
 }
 
