@@ -200,6 +200,7 @@ TEST_F(X11KeysTest, AProcessThatEndsAmongTheKeysPutsEverythingBack) {
     bool ended = false;
     std::unique_ptr<X11Keys> ends;
     ends = std::make_unique<X11Keys>([&] {
+        QCoreApplication::processEvents();
         const X11Keyboard before(x);
         if (ended || before.held().empty()) return;
         ended = true;
