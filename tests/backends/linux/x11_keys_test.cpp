@@ -91,6 +91,16 @@ protected:
         edit.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&edit, kBound));
         edit.setFocus();
+        // The window manager may still be busy with the window before, and move the focus.
+        const auto is_told_active = [this] {
+            const auto active = Answer<xcb_get_property_reply>(
+                x, xcb_get_property(x.connection(), 0, x.root(), x.Atom("_NET_ACTIVE_WINDOW"),
+                                    XCB_ATOM_WINDOW, 0, 1));
+            return active && xcb_get_property_value_length(active.get()) == 4 &&
+                   *static_cast<const xcb_window_t*>(xcb_get_property_value(active.get())) ==
+                       edit.winId();
+        };
+        ASSERT_TRUE(QTest::qWaitFor(is_told_active, kBound));
     }
     SessionAnswer Send(const char* notation) {
         const auto answer = keys.Type(ParseKeys(notation));
