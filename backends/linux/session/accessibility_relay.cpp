@@ -21,7 +21,7 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr milliseconds kPatience{500};  // for all answers
+constexpr milliseconds kPatience{1000};  // for all answers
 constexpr milliseconds kBetweenLooks{1};
 
 const QString kConnection = QStringLiteral("corvane-accessibility");

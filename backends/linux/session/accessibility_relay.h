@@ -21,8 +21,8 @@ public:
     AccessibilityRelay(const AccessibilityRelay&) = delete;
     AccessibilityRelay& operator=(const AccessibilityRelay&) = delete;
 
-    /// Returns when the program has back all keys about which it has asked before, after half a
-    /// second at the latest. False, at once, if it does not ask.
+    /// Returns when the program has back all keys about which it has asked before, after a second
+    /// at the latest. False, at once, if it does not ask.
     bool WaitForKeysOf(pid_t program);
 
 private:
