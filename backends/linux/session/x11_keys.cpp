@@ -16,6 +16,8 @@ constexpr milliseconds kPatience{1000};
 constexpr milliseconds kPatienceForAStroke{10};
 constexpr milliseconds kPatienceWithTheClipboard{500};
 constexpr milliseconds kPatienceWithTheManager{500};
+constexpr milliseconds kPatienceForAFetch{900};
+constexpr milliseconds kPatienceForAnAnswer{100};
 constexpr milliseconds kPatienceForTheTarget{300};  // when another program has fetched
 
 // Far fewer keys than a program's connection holds, so that none waits in front of others.
@@ -192,7 +194,8 @@ X11Keys::Outcome X11Keys::PastePiece(Strokes strokes, const X11Keyboard& keyboar
 }
 
 bool X11Keys::AwaitFetch(const X11Ping::Target& target) {
-    const Time end = std::min(steady_clock::now() + kPatience, patience_ends_);
+    Time end = std::min(steady_clock::now() + kPatienceForAFetch, patience_ends_);
+    bool asked = false;
     // It may have been fetched for another program than the one that pastes. One that answers is
     // asked afterwards whether it has come so far; for others we wait longer.
     Time other_counts = end;
@@ -204,7 +207,15 @@ bool X11Keys::AwaitFetch(const X11Ping::Target& target) {
             fetched_by_other = true;
             if (target.answers) other_counts = std::min(now + kPatienceForTheTarget, end);
         }
-        if (now >= (fetched_by_other ? other_counts : end)) break;
+        if (now >= (fetched_by_other ? other_counts : end)) {
+            // Its keys may still be on their way to one that does not hang.
+            const Time answer_by = std::min(now + kPatienceForAnAnswer, patience_ends_);
+            if (fetched_by_other || std::exchange(asked, true) || !target.answers ||
+                !ping_.Ask(target, 1, answer_by))
+                break;
+            end = patience_ends_;
+            continue;
+        }
         ping_.Pause(target, std::min(now + kBetweenLooks, end));
     }
     if (!fetched_by_other) patience_ends_ = end;
