@@ -85,6 +85,8 @@ void LinuxRuntime::ShowErrorReport(std::int32_t number, const std::string& text)
 }
 
 void LinuxRuntime::End() {
+    // No destructor runs.
+    keys_->GiveAllBack();
     std::_Exit(0);
 }
 

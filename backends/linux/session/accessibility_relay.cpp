@@ -21,7 +21,7 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr milliseconds kPatience{250};  // for each of two answers
+constexpr milliseconds kPatience{1000};  // for all answers
 constexpr milliseconds kBetweenLooks{1};
 
 const QString kConnection = QStringLiteral("corvane-accessibility");
@@ -36,6 +36,14 @@ QDBusMessage Question(const QString& service, const QString& path, const QString
     question.setArguments(arguments);
     question.setAutoStartService(false);
     return question;
+}
+
+/// Asks and waits; an invalid message if there is no answer by the end.
+QDBusMessage AskOn(const QDBusConnection& bus, const QDBusMessage& question,
+                   steady_clock::time_point end) {
+    const auto left = std::chrono::ceil<milliseconds>(end - steady_clock::now());
+    if (left <= milliseconds(0)) return {};
+    return bus.call(question, QDBus::Block, static_cast<int>(left.count()));
 }
 
 /// The names in a list of programs' objects.
@@ -65,53 +73,54 @@ AccessibilityRelay::~AccessibilityRelay() {
     if (connected_) QDBusConnection::disconnectFromBus(kConnection);
 }
 
-bool AccessibilityRelay::Connect() {
+bool AccessibilityRelay::Connect(Time end) {
     if (connected_ && QDBusConnection(kConnection).isConnected()) return true;
     if (connected_) QDBusConnection::disconnectFromBus(kConnection);
     const auto question = Question("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress");
-    const QDBusReply<QString> address = QDBusConnection::sessionBus().call(
-        question, QDBus::Block, static_cast<int>(kPatience.count()));
+    const QDBusReply<QString> address = AskOn(QDBusConnection::sessionBus(), question, end);
     connected_ = address.isValid() && !address.value().isEmpty();
     if (!connected_) return false;
     return QDBusConnection::connectToBus(address.value(), kConnection).isConnected();
 }
 
-QString AccessibilityRelay::NameOf(pid_t program) {
+QString AccessibilityRelay::NameOf(pid_t program, Time end) {
     const auto is_its_name = [&](const QString& name) {
         const QDBusReply<uint> process =
             Ask(Question("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                         "GetConnectionUnixProcessID", {name}));
+                         "GetConnectionUnixProcessID", {name}),
+                end);
         return process.isValid() && std::cmp_equal(process.value(), program);
     };
     if (!last_name_.isEmpty() && is_its_name(last_name_)) return last_name_;
-    for (const QString& name : NamesIn(Ask(Question(kRegistry, kRoot, kAccessible, "GetChildren"))))
+    const auto children = Ask(Question(kRegistry, kRoot, kAccessible, "GetChildren"), end);
+    for (const QString& name : NamesIn(children))
         if (is_its_name(name)) return last_name_ = name;
     return {};
 }
 
 bool AccessibilityRelay::WaitForKeysOf(pid_t program) {
-    if (program == 0 || !Connect()) return false;
-    const QString name = NameOf(program);
+    const Time end = steady_clock::now() + kPatience;
+    if (program == 0 || !Connect(end)) return false;
+    const QString name = NameOf(program, end);
     if (name.isEmpty()) return false;
     // Answers come in the order of the questions: behind this one are those about the keys, ...
-    (void)Ask(Question(kRegistry, "/org/a11y/atspi/registry", "org.freedesktop.DBus.Peer", "Ping"));
+    (void)Ask(Question(kRegistry, "/org/a11y/atspi/registry", "org.freedesktop.DBus.Peer", "Ping"),
+              end);
     // ... and behind this one the program has met with them. It is no ping, which a library would
     // answer while the program is still busy.
     const QDBusMessage question = Question(name, kRoot, kAccessible, "GetRole");
     if (program == ::getpid())
-        AskOurselves(question);
+        AskOurselves(question, end);
     else
-        (void)Ask(question);
+        (void)Ask(question, end);
     return true;
 }
 
-QDBusMessage AccessibilityRelay::Ask(const QDBusMessage& question) const {
-    return QDBusConnection(kConnection)
-        .call(question, QDBus::Block, static_cast<int>(kPatience.count()));
+QDBusMessage AccessibilityRelay::Ask(const QDBusMessage& question, Time end) const {
+    return AskOn(QDBusConnection(kConnection), question, end);
 }
 
-void AccessibilityRelay::AskOurselves(const QDBusMessage& question) const {
-    const auto end = steady_clock::now() + kPatience;
+void AccessibilityRelay::AskOurselves(const QDBusMessage& question, Time end) const {
     const auto call = QDBusConnection(kConnection).asyncCall(question);
     while (!call.isFinished() && steady_clock::now() < end) {
         do_events_();

@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <QString>
+#include <chrono>
 #include <functional>
 
 class QDBusMessage;
@@ -20,18 +21,20 @@ public:
     AccessibilityRelay(const AccessibilityRelay&) = delete;
     AccessibilityRelay& operator=(const AccessibilityRelay&) = delete;
 
-    /// Returns when the program has back all keys about which it has asked before, after half a
-    /// second at the latest. False, at once, if it does not ask.
+    /// Returns when the program has back all keys about which it has asked before, after a second
+    /// at the latest. False, at once, if it does not ask.
     bool WaitForKeysOf(pid_t program);
 
 private:
+    using Time = std::chrono::steady_clock::time_point;
+
     /// Connects to the bus of its own on which the registry stands; false if there is none.
-    bool Connect();
+    bool Connect(Time end);
     /// Name of the program on that bus; empty if it is not there.
-    [[nodiscard]] QString NameOf(pid_t program);
-    [[nodiscard]] QDBusMessage Ask(const QDBusMessage& question) const;
+    [[nodiscard]] QString NameOf(pid_t program, Time end);
+    [[nodiscard]] QDBusMessage Ask(const QDBusMessage& question, Time end) const;
     /// The same where only our own loop can answer; the answer is of no interest.
-    void AskOurselves(const QDBusMessage& question) const;
+    void AskOurselves(const QDBusMessage& question, Time end) const;
 
     std::function<void()> do_events_;
     bool connected_ = false;

@@ -65,15 +65,23 @@ class Keys {
 public:
     virtual ~Keys() = default;
 
-    /// Types the strokes in order, or none if one of them can't be typed; any character can by
-    /// itself. Modifiers and locks that the person has set are out of force meanwhile. Waits, for a
-    /// bounded time, where a long text or one that the keyboard lacks needs it: messages of our own
-    /// windows run then if one of them has the focus, or keeps the clipboard.
+    /// Types the strokes in order, or none if one of them can't be typed: Unsupported if there is
+    /// no key for it, Denied if it would cost the person something, such as what was copied last.
+    /// Any character can be typed by itself. Denied also if the program takes a part of it no more;
+    /// what stands behind that is dropped then. Modifiers and locks that the person has set are out
+    /// of force meanwhile. Waits, for a bounded time, where a long text or one that the keyboard
+    /// lacks needs it: messages of our own windows run then if one of them has the focus, or keeps
+    /// the clipboard.
     virtual SessionAnswer Type(std::span<const KeyStroke> strokes) = 0;
 
     /// Returns when the program with the focus has taken the strokes typed last, or after a bounded
     /// time if that can't be known.
     virtual void WaitUntilTaken() = 0;
+
+    /// Puts everything back that typing has changed in the session, also in the middle of a text:
+    /// for a process that ends. Waits for other programs for three seconds at most; messages of our
+    /// own windows do not run.
+    virtual void GiveAllBack() = 0;
 };
 
 }  // namespace corvane::linux_desktop

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "linux/session/x11_properties.h"
+#include "linux/session/x11_selection_owner.h"
 
 namespace corvane::linux_desktop {
 
@@ -40,7 +41,7 @@ std::optional<std::string> X11Clipboard::ReadText(std::chrono::milliseconds pati
     constexpr std::size_t kAllOfIt = std::numeric_limits<std::size_t>::max();
     const auto end = std::chrono::steady_clock::now() + patience;
     for (const std::string_view form : {"UTF8_STRING", "text/plain;charset=utf-8", "STRING"}) {
-        auto [answered, text] = reader_.Read(form, end, kAllOfIt);
+        auto [answered, too_large, text] = reader_.Read(form, end, kAllOfIt);
         // Who is silent once is not asked again: the person waits.
         if (!answered) return {};
         if (text) return form == "STRING" ? Utf8OfLatin1(text->bytes) : std::move(text->bytes);
@@ -53,10 +54,11 @@ std::uint32_t X11Clipboard::Copies() {
     watch_.Sync();
     while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(watch_.connection())}) {
         // The top bit tells events that programs have sent.
-        if (notify_ && (event->response_type & 0x7FU) == *notify_ &&
-            reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(*event).owner !=
-                XCB_WINDOW_NONE)
-            ++copies_;
+        if (!notify_ || (event->response_type & 0x7FU) != *notify_) continue;
+        const xcb_window_t owner =
+            reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(*event).owner;
+        // What is lent for a paste, and given back behind it, nobody has copied.
+        if (owner != XCB_WINDOW_NONE && !X11SelectionOwner::IsWindowOfOne(watch_, owner)) ++copies_;
     }
     return copies_;
 }

@@ -5,11 +5,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 namespace corvane::linux_desktop {
 namespace {
-
-constexpr std::chrono::milliseconds kStillHeld{500};
 
 enum class Direction : std::uint8_t { Down = XCB_KEY_PRESS, Up = XCB_KEY_RELEASE };
 
@@ -41,11 +40,10 @@ X11Fingers::X11Fingers(const X11Connection& x, const X11Keyboard& keyboard)
     if (keyboard_.lock_in_force() != 0) Tap(x_, keyboard_.lock_in_force());
 }
 
-X11Fingers::~X11Fingers() {
+void X11Fingers::Rest() {
     ReleaseAllBut({});
+    if (std::exchange(rests_, true)) return;
     if (keyboard_.lock_in_force() != 0) Tap(x_, keyboard_.lock_in_force());
-    if (std::chrono::steady_clock::now() - start_ <= kStillHeld)
-        for (const xcb_keycode_t code : keyboard_.held()) Move(x_, code, Direction::Down);
     x_.Sync();
 }
 

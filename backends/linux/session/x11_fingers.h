@@ -1,7 +1,6 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <chrono>
 #include <vector>
 
 #include "linux/session/x11_connection.h"
@@ -16,17 +15,19 @@ struct KeyChord {
     bool joined = false;  ///< modifiers that the next chord has too stay down until then
 };
 
-/// Moves keys, by the server's XTEST extension. For as long as it lives the modifiers that the
-/// person holds, and Caps Lock, are out of force. After more than half a second the modifiers stay
-/// so: the finger may have left the key meanwhile, and nobody would let it go.
+/// Moves keys, by the server's XTEST extension. The modifiers that the person holds are let go: the
+/// finger may leave the key at any time, and one pressed for it would stay down for good. Caps Lock
+/// is out of force until the fingers rest.
 class X11Fingers {
 public:
     X11Fingers(const X11Connection& x, const X11Keyboard& keyboard);
-    ~X11Fingers();
+    ~X11Fingers() { Rest(); }
     X11Fingers(const X11Fingers&) = delete;
     X11Fingers& operator=(const X11Fingers&) = delete;
 
     void Strike(const KeyChord& chord);
+    /// Lets all modifiers go and puts Caps Lock back; only once.
+    void Rest();
 
     /// Whether the server has the extension.
     [[nodiscard]] static bool Exist(const X11Connection& x);
@@ -36,7 +37,7 @@ private:
 
     const X11Connection& x_;
     const X11Keyboard& keyboard_;
-    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+    bool rests_ = false;
     std::vector<xcb_keycode_t> down_;  // modifiers, in the order in which they went down
 };
 

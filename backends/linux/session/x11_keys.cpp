@@ -15,6 +15,10 @@ using std::chrono::steady_clock;
 constexpr milliseconds kPatience{1000};
 constexpr milliseconds kPatienceForAStroke{10};
 constexpr milliseconds kPatienceWithTheClipboard{500};
+constexpr milliseconds kPatienceWithTheManager{500};
+constexpr milliseconds kPatienceForAFetch{900};
+constexpr milliseconds kPatienceForAnAnswer{100};
+constexpr milliseconds kPatienceForTheTarget{300};  // when another program has fetched
 
 // Far fewer keys than a program's connection holds, so that none waits in front of others.
 constexpr std::size_t kChunk = 25;
@@ -42,6 +46,10 @@ X11Keys::X11Keys(std::function<void()> do_events, std::function<bool(pid_t)> wai
       ping_(x_, do_events_),
       paste_(do_events_) {}
 
+X11Keys::~X11Keys() {
+    GiveAllBack();
+}
+
 SessionAnswer X11Keys::Type(Strokes strokes) {
     if (!xtest_) return SessionAnswer::Denied;
     x_.DropEvents();
@@ -49,34 +57,48 @@ SessionAnswer X11Keys::Type(Strokes strokes) {
         steady_clock::now() + kPatience + kPatienceForAStroke * static_cast<int>(strokes.size());
     all_taken_ = false;
     target_ = ping_.FindTarget({});
+    spare_.DropLost();
     // Read anew each time: people change their layout while we run.
     const X11Keyboard keyboard(x_);
     const std::vector<Piece> pieces = PiecesOf(strokes, keyboard);
-    if (!LendKeys(pieces, keyboard)) return SessionAnswer::Unsupported;
+    const bool pastes = std::ranges::find(pieces, Way::Pasted, &Piece::way) != pieces.end();
+    if (pastes && !paste_.CanOffer(target_, steady_clock::now() + kPatienceWithTheClipboard))
+        return SessionAnswer::Denied;
+    const std::size_t lent_before = spare_.lent();
+    if (!LendKeys(pieces, keyboard)) {
+        spare_.GiveBack(lent_before);
+        return SessionAnswer::Unsupported;
+    }
 
-    ++texts_;
+    Outcome outcome = Outcome::Taken;
     {
         X11Fingers fingers(x_, keyboard);
+        at_work_.push_back(&fingers);
         if (spare_.any_lent() && !target_.ours) Await(kQuestionsForAChunk, milliseconds(0));
-        bool goes_on = true;
-        for (const Piece& piece : pieces) {
-            if (!goes_on) break;
-            if (piece.way == Way::Typed)
-                TypePiece(piece.strokes, keyboard, fingers);
-            else
-                goes_on = PastePiece(piece.strokes, keyboard, fingers);
-        }
-        const bool pasted = std::ranges::find(pieces, Way::Pasted, &Piece::way) != pieces.end();
-        if (pasted) paste_.GiveBack(goes_on);
+        outcome = TypePieces(pieces, keyboard, fingers);
+        if (pastes) paste_.GiveBack(outcome != Outcome::NotTaken);
+        at_work_.pop_back();
     }
-    --texts_;
     // Otherwise they stay lent until a later text has been taken.
-    if (texts_ == 0 && spare_.any_lent() && AwaitAll()) spare_.GiveBack();
-    return SessionAnswer::Done;
+    if (at_work_.empty() && spare_.any_lent() && AwaitAll()) spare_.GiveBack();
+    return outcome == Outcome::Taken ? SessionAnswer::Done : SessionAnswer::Denied;
 }
 
 void X11Keys::WaitUntilTaken() {
     if (xtest_ && !all_taken_) AwaitAll();
+}
+
+void X11Keys::GiveAllBack() {
+    if (!xtest_) return;
+    for (auto fingers = at_work_.rbegin(); fingers != at_work_.rend(); ++fingers)
+        (*fingers)->Rest();
+    if (spare_.any_lent()) {
+        patience_ends_ = steady_clock::now() + kPatience;
+        // Our own windows will take no more keys.
+        if (!FindTarget().ours) AwaitAll();
+        spare_.GiveBack();
+    }
+    paste_.HandOver(kPatienceWithTheManager);
 }
 
 std::vector<X11Keys::Piece> X11Keys::PiecesOf(Strokes strokes, const X11Keyboard& keyboard) const {
@@ -145,24 +167,61 @@ void X11Keys::TypePiece(Strokes strokes, const X11Keyboard& keyboard, X11Fingers
     x_.Sync();
 }
 
-bool X11Keys::PastePiece(Strokes strokes, const X11Keyboard& keyboard, X11Fingers& fingers) {
+X11Keys::Outcome X11Keys::TypePieces(const std::vector<Piece>& pieces, const X11Keyboard& keyboard,
+                                     X11Fingers& fingers) {
+    for (const Piece& piece : pieces) {
+        if (piece.way == Way::Typed) {
+            TypePiece(piece.strokes, keyboard, fingers);
+            continue;
+        }
+        const Outcome outcome = PastePiece(piece.strokes, keyboard, fingers);
+        if (outcome != Outcome::Taken) return outcome;
+    }
+    return Outcome::Taken;
+}
+
+X11Keys::Outcome X11Keys::PastePiece(Strokes strokes, const X11Keyboard& keyboard,
+                                     X11Fingers& fingers) {
     std::u32string text;
     for (const KeyStroke& stroke : strokes) text += std::get<char32_t>(stroke.key);
     const X11Ping::Target target = FindTarget();
     const Time read_by = steady_clock::now() + kPatienceWithTheClipboard;
     const auto chord = ChordOf(X11Paste::StrokeFor(target), keyboard);
-    if (!chord || !paste_.Offer(text, target, read_by)) return false;
+    if (!chord || !paste_.Offer(text, target, read_by)) return Outcome::NotOffered;
+    paste_.StrokeComes();
     fingers.Strike(*chord);
     x_.Sync();
-    const Time end = std::min(steady_clock::now() + kPatience, patience_ends_);
-    while (!paste_.FetchedBy(target)) {
-        if (steady_clock::now() >= end) {
-            patience_ends_ = end;
-            return false;
+    const bool taken = AwaitFetch(target) && Await(kQuestionsForAChunk, kForAll);
+    return taken ? Outcome::Taken : Outcome::NotTaken;
+}
+
+bool X11Keys::AwaitFetch(const X11Ping::Target& target) {
+    Time end = std::min(steady_clock::now() + kPatienceForAFetch, patience_ends_);
+    bool asked = false;
+    // It may have been fetched for another program than the one that pastes. One that answers is
+    // asked afterwards whether it has come so far; for others we wait longer.
+    Time other_counts = end;
+    bool fetched_by_other = false;
+    for (;;) {
+        if (paste_.FetchedBy(target)) return true;
+        const Time now = steady_clock::now();
+        if (!fetched_by_other && paste_.Fetched()) {
+            fetched_by_other = true;
+            if (target.answers) other_counts = std::min(now + kPatienceForTheTarget, end);
         }
-        ping_.Pause(target, std::min(steady_clock::now() + kBetweenLooks, end));
+        if (now >= (fetched_by_other ? other_counts : end)) {
+            // Its keys may still be on their way to one that does not hang.
+            const Time answer_by = std::min(now + kPatienceForAnAnswer, patience_ends_);
+            if (fetched_by_other || std::exchange(asked, true) || !target.answers ||
+                !ping_.Ask(target, 1, answer_by))
+                break;
+            end = patience_ends_;
+            continue;
+        }
+        ping_.Pause(target, std::min(now + kBetweenLooks, end));
     }
-    return Await(kQuestionsForAChunk, kForAll);
+    if (!fetched_by_other) patience_ends_ = end;
+    return fetched_by_other;
 }
 
 const X11Ping::Target& X11Keys::FindTarget() {

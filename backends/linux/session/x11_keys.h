@@ -21,6 +21,9 @@ namespace corvane::linux_desktop {
 /// in force lacks are lent keys that it leaves free; a text with more of them is pasted, and the
 /// person's clipboard given back.
 ///
+/// A text to be pasted is denied, before a key is struck, if what the person has copied could not
+/// be kept meanwhile; so is the rest of a text of which a program does not fetch a pasted run.
+///
 /// A program that hangs is waited for once in a text, for a second at most; waiting for one that
 /// is slow comes to a second and 10 ms for each stroke at most, reading a clipboard whose keeper
 /// hangs to half a second. What was struck reaches it when it goes on.
@@ -34,11 +37,16 @@ public:
 
     SessionAnswer Type(std::span<const KeyStroke> strokes) override;
     void WaitUntilTaken() override;
+    void GiveAllBack() override;
+    ~X11Keys() override;
+    X11Keys(const X11Keys&) = delete;
+    X11Keys& operator=(const X11Keys&) = delete;
 
 private:
     using Time = std::chrono::steady_clock::time_point;
     using Strokes = std::span<const KeyStroke>;
     enum class Way { Typed, Pasted };
+    enum class Outcome { Taken, NotOffered, NotTaken };
     struct Piece {
         Strokes strokes;
         Way way;
@@ -54,8 +62,12 @@ private:
                                                   const X11Keyboard& keyboard) const;
 
     void TypePiece(Strokes strokes, const X11Keyboard& keyboard, X11Fingers& fingers);
-    /// False if the program has not fetched it.
-    bool PastePiece(Strokes strokes, const X11Keyboard& keyboard, X11Fingers& fingers);
+    [[nodiscard]] Outcome TypePieces(const std::vector<Piece>& pieces, const X11Keyboard& keyboard,
+                                     X11Fingers& fingers);
+    [[nodiscard]] Outcome PastePiece(Strokes strokes, const X11Keyboard& keyboard,
+                                     X11Fingers& fingers);
+    /// Waits until the program has fetched what it pastes; false if it does not.
+    bool AwaitFetch(const X11Ping::Target& target);
 
     /// Who has the focus now: keys may have moved it.
     const X11Ping::Target& FindTarget();
@@ -74,7 +86,8 @@ private:
     X11Ping::Target target_;  // who had the focus last
     Time patience_ends_;
     bool all_taken_ = true;
-    int texts_ = 0;  // being typed: one in the middle of another if our own windows work meanwhile
+    // Of the texts being typed: one in the middle of another if our own windows work meanwhile.
+    std::vector<X11Fingers*> at_work_;
 };
 
 }  // namespace corvane::linux_desktop

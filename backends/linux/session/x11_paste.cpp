@@ -43,13 +43,30 @@ KeyStroke X11Paste::StrokeFor(const X11Ping::Target& target) {
     return {.key = U'v', .control = true};
 }
 
-bool X11Paste::Offer(std::u32string_view text, const X11Ping::Target& target, Time end) {
+void X11Paste::Prepare(const X11Ping::Target& target) {
     if (!clipboard_) clipboard_.emplace("CLIPBOARD", do_events_);
     // With Shift+Insert some terminals paste the one, some the other. Elsewhere PRIMARY is left
     // alone: losing it takes the highlighting off the text that is to be replaced.
     primary_is_lent_ = TakesShiftInsert(target);
     if (primary_is_lent_ && !primary_) primary_.emplace("PRIMARY", do_events_);
-    return clipboard_->Lend(text, end) && (!primary_is_lent_ || primary_->Lend(text, end));
+}
+
+bool X11Paste::CanOffer(const X11Ping::Target& target, Time end) {
+    Prepare(target);
+    return clipboard_->CanLend(end) && (!primary_is_lent_ || primary_->CanLend(end));
+}
+
+bool X11Paste::Offer(std::u32string_view text, const X11Ping::Target& target, Time end) {
+    Prepare(target);
+    if (clipboard_->Lend(text, end) && (!primary_is_lent_ || primary_->Lend(text, end)))
+        return true;
+    GiveBack(true);
+    return false;
+}
+
+void X11Paste::StrokeComes() {
+    clipboard_->CountFromNow();
+    if (primary_is_lent_) primary_->CountFromNow();
 }
 
 bool X11Paste::FetchedBy(const X11Ping::Target& target) {
@@ -57,10 +74,21 @@ bool X11Paste::FetchedBy(const X11Ping::Target& target) {
            (primary_is_lent_ && primary_->FetchedBy(target.focus));
 }
 
+bool X11Paste::Fetched() {
+    return clipboard_->Fetched() || (primary_is_lent_ && primary_->Fetched());
+}
+
 void X11Paste::GiveBack(bool fetched) {
     const milliseconds delay = fetched ? milliseconds(0) : milliseconds(kForOneThatHangs);
     clipboard_->GiveBack(delay);
     if (primary_is_lent_) primary_->GiveBack(delay);
+}
+
+void X11Paste::HandOver(milliseconds patience) {
+    if (!clipboard_) return;
+    clipboard_->GiveBack(milliseconds(0));
+    if (primary_) primary_->GiveBack(milliseconds(0));
+    clipboard_->HandOver(patience);
 }
 
 }  // namespace corvane::linux_desktop

@@ -27,15 +27,28 @@ public:
     /// The stroke by which a program pastes: a terminal takes Ctrl+V for a character of its own.
     [[nodiscard]] static KeyStroke StrokeFor(const X11Ping::Target& target);
 
-    /// Puts the text where that program will fetch it on its stroke. False if that can't be.
+    /// Whether what the person has copied could be given back: a program that keeps silent about
+    /// it, or that keeps more than we can, would lose it.
+    [[nodiscard]] bool CanOffer(const X11Ping::Target& target, Time end);
+    /// Puts the text where that program will fetch it on its stroke. False if that can't be; what
+    /// the person has copied is there then.
     bool Offer(std::u32string_view text, const X11Ping::Target& target, Time end);
-    /// Whether it has fetched the text; to be asked over and over.
+    /// Forgets who has fetched so far: the stroke comes. Programs that collect what was copied
+    /// fetch each text as soon as it is offered.
+    void StrokeComes();
+    /// Whether it has fetched the text since; to be asked over and over.
     [[nodiscard]] bool FetchedBy(const X11Ping::Target& target);
+    /// Whether any program has: some have another connection for this.
+    [[nodiscard]] bool Fetched();
     /// Gives back what the person had copied: at once, or, if the text was not fetched, once a
     /// program that hangs has had its time; it must not paste something else when it awakes.
     void GiveBack(bool fetched);
+    /// Gives it back at once and has the session keep it once we are gone; `patience` at most.
+    void HandOver(std::chrono::milliseconds patience);
 
 private:
+    /// Makes what is needed for that program.
+    void Prepare(const X11Ping::Target& target);
     [[nodiscard]] static bool TakesShiftInsert(const X11Ping::Target& target);
 
     std::function<void()> do_events_;

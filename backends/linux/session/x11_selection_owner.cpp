@@ -18,6 +18,9 @@ using std::chrono::milliseconds;
 // Every server takes requests of this size, and every program parts of it.
 constexpr std::size_t kPart = std::size_t{1} << 16U;
 
+// A property of our windows.
+constexpr std::string_view kMark = "_CORVANE_KEEPS_A_SELECTION";
+
 constexpr milliseconds kTimeOfServer{1000};  // it is asked for; without an answer: now
 
 void PutBytes(const X11Connection& x, xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
@@ -42,12 +45,15 @@ X11SelectionOwner::X11SelectionOwner(std::string_view selection)
       timestamp_(x_.Atom("TIMESTAMP")),
       atom_pair_(x_.Atom("ATOM_PAIR")),
       incr_(x_.Atom("INCR")),
+      save_(x_.Atom("SAVE_TARGETS")),
       wake_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
     const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    if (x_.usable())
+    if (x_.usable()) {
         xcb_create_window(x_.connection(), XCB_COPY_FROM_PARENT, window_, x_.root(), -1, -1, 1, 1,
                           0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
                           &mask);
+        PutNumbers(x_, window_, x_.Atom(kMark), XCB_ATOM_CARDINAL, std::array{1U});
+    }
     thread_ = std::thread([this] { Serve(); });
 }
 
@@ -80,6 +86,13 @@ bool X11SelectionOwner::Keeps() {
     return keeps;
 }
 
+void X11SelectionOwner::CountFromNow() {
+    Run([&] {
+        fetched_.clear();
+        ++count_;
+    });
+}
+
 int X11SelectionOwner::FetchedBy(xcb_window_t window) {
     int fetched = 0;
     Run([&] {
@@ -87,6 +100,26 @@ int X11SelectionOwner::FetchedBy(xcb_window_t window) {
         if (count != fetched_.end()) fetched = count->second;
     });
     return fetched;
+}
+
+int X11SelectionOwner::Fetched() {
+    int fetched = 0;
+    Run([&] {
+        for (const auto& [client, times] : fetched_) fetched += times;
+    });
+    return fetched;
+}
+
+bool X11SelectionOwner::HandOver(milliseconds patience) {
+    bool handed_over = false;
+    Run([&] { handed_over = keeps_ && !forms_.empty() && AskManager(Clock::now() + patience); });
+    return handed_over;
+}
+
+bool X11SelectionOwner::IsWindowOfOne(const X11Connection& x, xcb_window_t window) {
+    const auto mark = linux_desktop::Answer<xcb_get_property_reply>(
+        x, xcb_get_property(x.connection(), 0, window, x.Atom(kMark), XCB_ATOM_CARDINAL, 0, 1));
+    return mark && mark->value_len > 0;
 }
 
 void X11SelectionOwner::Run(std::function<void()> wish) {
@@ -138,7 +171,7 @@ bool X11SelectionOwner::Take(const Copied& copied) {
     for (const CopiedForm& form : copied)
         forms_.push_back({x_.Atom(form.name), x_.Atom(form.type), form.bytes});
     fetched_.clear();
-    ++offer_;
+    ++count_;
     xcb_set_selection_owner(x_.connection(), window_, selection_, since_);
     const auto owner = linux_desktop::Answer<xcb_get_selection_owner_reply>(
         x_, xcb_get_selection_owner(x_.connection(), selection_));
@@ -169,14 +202,36 @@ xcb_timestamp_t X11SelectionOwner::ServerTime() {
                         XCB_ATOM_STRING, 8, 0, nullptr);
     xcb_flush(x_.connection());
     const auto end = Clock::now() + kTimeOfServer;
-    while (server_time_ == XCB_CURRENT_TIME && Clock::now() < end && x_.usable()) {
+    HandleUntil([this] { return server_time_ != XCB_CURRENT_TIME; }, end);
+    return server_time_;
+}
+
+bool X11SelectionOwner::AskManager(Clock::time_point end) {
+    const xcb_atom_t managers = x_.Atom("CLIPBOARD_MANAGER");
+    const auto manager = linux_desktop::Answer<xcb_get_selection_owner_reply>(
+        x_, xcb_get_selection_owner(x_.connection(), managers));
+    if (!manager || manager->owner == XCB_WINDOW_NONE) return false;
+    std::vector<std::uint32_t> names;
+    for (const Form& offered : forms_) names.push_back(offered.name);
+    PutNumbers(x_, window_, save_, XCB_ATOM_ATOM, names);
+    manager_ = Manager::Asked;
+    xcb_convert_selection(x_.connection(), window_, managers, save_, save_, since_);
+    xcb_flush(x_.connection());
+    HandleUntil([this] { return manager_ != Manager::Asked; }, end);
+    return std::exchange(manager_, Manager::NotAsked) == Manager::Has;
+}
+
+bool X11SelectionOwner::HandleUntil(const std::function<bool()>& is_so, Clock::time_point end) {
+    while (x_.usable()) {
         while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(x_.connection())})
             Handle(*event);
-        if (server_time_ != XCB_CURRENT_TIME) break;
+        if (is_so()) return true;
+        const auto left = std::chrono::ceil<milliseconds>(end - Clock::now());
+        if (left <= milliseconds(0)) break;
         pollfd connection{xcb_get_file_descriptor(x_.connection()), POLLIN, 0};
-        ::poll(&connection, 1, static_cast<int>(kTimeOfServer.count()));
+        ::poll(&connection, 1, static_cast<int>(left.count()));
     }
-    return server_time_;
+    return false;
 }
 
 void X11SelectionOwner::Handle(const xcb_generic_event_t& event) {
@@ -184,6 +239,12 @@ void X11SelectionOwner::Handle(const xcb_generic_event_t& event) {
         case XCB_SELECTION_REQUEST:
             Answer(reinterpret_cast<const xcb_selection_request_event_t&>(event));
             break;
+        case XCB_SELECTION_NOTIFY: {
+            const auto& answer = reinterpret_cast<const xcb_selection_notify_event_t&>(event);
+            if (manager_ != Manager::Asked || answer.target != save_) break;
+            manager_ = answer.property == XCB_ATOM_NONE ? Manager::HasNot : Manager::Has;
+            break;
+        }
         case XCB_SELECTION_CLEAR: {
             // One from before our last taking tells of our own act.
             const auto& clear = reinterpret_cast<const xcb_selection_clear_event_t&>(event);
@@ -268,7 +329,7 @@ bool X11SelectionOwner::PutEach(xcb_window_t requestor, xcb_atom_t property) {
 bool X11SelectionOwner::PutForm(xcb_window_t requestor, xcb_atom_t property, const Form& form) {
     if (form.bytes.size() <= kPart) {
         PutBytes(x_, requestor, property, form.type, form.bytes);
-        Count(requestor, offer_);
+        Count(requestor, count_);
         return true;
     }
     const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
@@ -276,7 +337,7 @@ bool X11SelectionOwner::PutForm(xcb_window_t requestor, xcb_atom_t property, con
     std::erase_if(transfers_, [&](const Transfer& t) {
         return t.requestor == requestor && t.property == property;
     });
-    transfers_.push_back({requestor, property, form.type, form.bytes, 0, offer_});
+    transfers_.push_back({requestor, property, form.type, form.bytes, 0, count_});
     PutNumbers(x_, requestor, property, incr_,
                std::array{static_cast<std::uint32_t>(form.bytes.size())});
     return true;
@@ -289,7 +350,7 @@ void X11SelectionOwner::PutPart(Transfer& transfer) {
     xcb_flush(x_.connection());
     if (!part.empty()) return;
     // The empty part is the end.
-    Count(transfer.requestor, transfer.offer);
+    Count(transfer.requestor, transfer.count);
     const xcb_window_t requestor = transfer.requestor;
     const xcb_atom_t property = transfer.property;
     std::erase_if(transfers_, [&](const Transfer& t) {
@@ -297,8 +358,8 @@ void X11SelectionOwner::PutPart(Transfer& transfer) {
     });
 }
 
-void X11SelectionOwner::Count(xcb_window_t requestor, int offer) {
-    if (offer == offer_) ++fetched_[ClientOf(requestor)];
+void X11SelectionOwner::Count(xcb_window_t requestor, int count) {
+    if (count == count_) ++fetched_[ClientOf(requestor)];
 }
 
 std::uint32_t X11SelectionOwner::ClientOf(xcb_window_t window) const {

@@ -36,8 +36,20 @@ public:
 
     /// Whether we still keep it.
     [[nodiscard]] bool Keeps();
+    /// Fetches count from now on, in place of from the last offer on.
+    void CountFromNow();
     /// How often the program to which that window belongs has fetched what was offered last.
     [[nodiscard]] int FetchedBy(xcb_window_t window);
+    /// How often any program has.
+    [[nodiscard]] int Fetched();
+
+    /// Has the session's clipboard manager, if there is one, keep CLIPBOARD once we are gone.
+    /// Returns when it has fetched what we keep, or after `patience`; false if nobody took it.
+    bool HandOver(std::chrono::milliseconds patience);
+
+    /// Whether a window is one that keeps a selection in this way, for a while and for somebody
+    /// else: in no way a person's copy.
+    [[nodiscard]] static bool IsWindowOfOne(const X11Connection& x, xcb_window_t window);
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -53,7 +65,7 @@ private:
         xcb_atom_t type;
         std::string bytes;
         std::size_t sent;
-        int offer;  // which one it belongs to
+        int count;  // to which it belongs
     };
     struct Next {
         Copied copied;
@@ -70,6 +82,9 @@ private:
     void GiveUp();
     void TakeNextIfItIsTime();
     [[nodiscard]] xcb_timestamp_t ServerTime();
+    bool AskManager(Clock::time_point end);
+    /// Handles events until that is so; false if it is not by the end.
+    bool HandleUntil(const std::function<bool()>& is_so, Clock::time_point end);
 
     void Handle(const xcb_generic_event_t& event);
     void Answer(const xcb_selection_request_event_t& request);
@@ -77,20 +92,21 @@ private:
     bool PutEach(xcb_window_t requestor, xcb_atom_t property);
     bool PutForm(xcb_window_t requestor, xcb_atom_t property, const Form& form);
     void PutPart(Transfer& transfer);
-    void Count(xcb_window_t requestor, int offer);
+    void Count(xcb_window_t requestor, int count);
     [[nodiscard]] std::uint32_t ClientOf(xcb_window_t window) const;
 
     X11Connection x_;
     xcb_window_t window_;
-    xcb_atom_t selection_, targets_, multiple_, timestamp_, atom_pair_, incr_;
+    xcb_atom_t selection_, targets_, multiple_, timestamp_, atom_pair_, incr_, save_;
 
     // The thread's.
     std::vector<Form> forms_;
     bool keeps_ = false;
     xcb_timestamp_t since_ = XCB_CURRENT_TIME;
     xcb_timestamp_t server_time_ = XCB_CURRENT_TIME;
-    int offer_ = 0;
+    int count_ = 0;                         // which one runs
     std::map<std::uint32_t, int> fetched_;  // by client
+    enum class Manager { NotAsked, Asked, Has, HasNot } manager_ = Manager::NotAsked;
     std::vector<Transfer> transfers_;
     std::optional<Next> next_;
 

@@ -36,6 +36,10 @@ constexpr auto kForms = std::to_array<std::string_view>({
     "application/x-kde-cutselection",
 });
 
+/// What even a program that keeps nothing is asked for.
+constexpr auto kNoForms =
+    std::to_array<std::string_view>({"TARGETS", "MULTIPLE", "TIMESTAMP", "SAVE_TARGETS"});
+
 constexpr milliseconds kBetweenCalls{2};
 
 std::uint8_t TypeOf(const xcb_generic_event_t& event) {
@@ -110,25 +114,35 @@ xcb_window_t X11SelectionReader::Keeper() const {
 X11SelectionReader::Reply X11SelectionReader::Read(std::string_view form, Time end,
                                                    std::size_t most) const {
     if (!x_.usable()) return {};
-    auto [answered, value] = Request(x_.Atom(form), end, most);
-    if (value.type == XCB_ATOM_NONE || value.format != 8) return {answered, std::nullopt};
-    return {answered, CopiedForm{std::string(form), x_.NameOf(value.type), std::move(value.bytes)}};
+    auto [answered, too_large, value] = Request(x_.Atom(form), end, most);
+    Reply reply{.answered = answered, .too_large = too_large, .form = {}};
+    if (value.type != XCB_ATOM_NONE && value.format == 8)
+        reply.form = {std::string(form), x_.NameOf(value.type), std::move(value.bytes)};
+    return reply;
 }
 
-Copied X11SelectionReader::ReadAll(Time end, std::size_t most) const {
+X11SelectionReader::Whole X11SelectionReader::ReadAll(Time end, std::size_t most) const {
     constexpr std::size_t kMostForms = 1U << 16U;  // bytes
     if (!x_.usable()) return {};
-    const auto offered = AtomsIn(Request(x_.Atom("TARGETS"), end, kMostForms).value.bytes);
-    Copied copied;
+    if (Keeper() == XCB_WINDOW_NONE) return {.copied = {}, .complete = true};
+    const Handed list = Request(x_.Atom("TARGETS"), end, kMostForms);
+    if (list.value.type == XCB_ATOM_NONE) return {};
+    const auto offered = AtomsIn(list.value.bytes);
+    Whole whole{.copied = {}, .complete = true};
     for (const std::string_view name : kForms) {
         if (std::ranges::find(offered, x_.Atom(name)) == offered.end()) continue;
-        auto [answered, form] = Read(name, end, most);
-        if (!answered) break;
-        if (!form) continue;
-        most -= form->bytes.size();
-        copied.push_back(std::move(*form));
+        auto reply = Read(name, end, most);
+        if (!reply.answered || reply.too_large) whole.complete = false;
+        if (!reply.answered) break;
+        if (!reply.form) continue;
+        most -= reply.form->bytes.size();
+        whole.copied.push_back(std::move(*reply.form));
     }
-    return copied;
+    const auto says_nothing = [this](xcb_atom_t form) {
+        return std::ranges::any_of(kNoForms, [&](auto name) { return x_.Atom(name) == form; });
+    };
+    if (whole.copied.empty() && !std::ranges::all_of(offered, says_nothing)) whole.complete = false;
+    return whole;
 }
 
 X11SelectionReader::Handed X11SelectionReader::Request(xcb_atom_t form, Time end,
@@ -145,11 +159,11 @@ X11SelectionReader::Handed X11SelectionReader::Request(xcb_atom_t form, Time end
         end);
     if (!answer) return {};
     if (As<xcb_selection_notify_event_t>(*answer).property == XCB_ATOM_NONE)
-        return {.answered = true, .value = {}};
+        return {.answered = true, .too_large = false, .value = {}};
     auto value = requestor.Take();
     if (value.type == incr_) return TakeParts(requestor, end, most);
-    if (value.bytes.size() > most) value = {};
-    return {.answered = true, .value = std::move(value)};
+    if (value.bytes.size() > most) return {.answered = true, .too_large = true, .value = {}};
+    return {.answered = true, .too_large = false, .value = std::move(value)};
 }
 
 X11SelectionReader::Handed X11SelectionReader::TakeParts(const Requestor& requestor, Time end,
@@ -168,8 +182,10 @@ X11SelectionReader::Handed X11SelectionReader::TakeParts(const Requestor& reques
         Value part = requestor.Take();
         if (part.bytes.empty())
             return {.answered = true,
+                    .too_large = false,
                     .value = std::move(whole.type == XCB_ATOM_NONE ? part : whole)};
-        if (whole.bytes.size() + part.bytes.size() > most) return {.answered = true, .value = {}};
+        if (whole.bytes.size() + part.bytes.size() > most)
+            return {.answered = true, .too_large = true, .value = {}};
         whole.type = part.type;
         whole.format = part.format;
         whole.bytes += part.bytes;

@@ -27,14 +27,21 @@ public:
 
     struct Reply {
         bool answered = false;           ///< false: the keeper was not ready by the end
+        bool too_large = false;          ///< it has more of it than was wanted
         std::optional<CopiedForm> form;  ///< nothing: it does not have it in that form
     };
     /// One form; nothing of it if it has more than `most` bytes.
     [[nodiscard]] Reply Read(std::string_view form, Time end, std::size_t most) const;
 
-    /// The forms that people copy and paste, with `most` bytes in all; those that are missing then,
-    /// or have not come by the end, are left out.
-    [[nodiscard]] Copied ReadAll(Time end, std::size_t most) const;
+    struct Whole {
+        Copied copied;
+        /// Whether that is all of it that people can paste. False if a form is missing: it is more
+        /// than fits, has not come by the end, or all that is offered are forms unknown to us.
+        bool complete = false;
+    };
+    /// The forms that people copy and paste, with `most` bytes in all. Complete, and nothing, if
+    /// nobody keeps it.
+    [[nodiscard]] Whole ReadAll(Time end, std::size_t most) const;
 
 private:
     using Wanted = std::function<bool(const xcb_generic_event_t&)>;
@@ -47,7 +54,8 @@ private:
     };
     struct Handed {
         bool answered = false;
-        Value value;  ///< without a type: not in that form
+        bool too_large = false;
+        Value value;  ///< without a type: not in that form, or too large
     };
     [[nodiscard]] Handed Request(xcb_atom_t form, Time end, std::size_t most) const;
     /// What arrives in parts, of which each is fetched before the next is sent.

@@ -55,12 +55,16 @@ std::optional<KeyPosition> X11SpareKeys::Find(xcb_keysym_t symbol) const {
     return std::nullopt;
 }
 
-void X11SpareKeys::GiveBack() {
-    if (loans_.empty()) return;
-    for (const Loan& loan : loans_)
-        if (StillBears(loan)) SetKey(loan.code, std::array<xcb_keysym_t, 1>{XCB_NO_SYMBOL});
-    loans_.clear();
+void X11SpareKeys::GiveBack(std::size_t keep) {
+    if (loans_.size() <= keep) return;
+    for (; loans_.size() > keep; loans_.pop_back())
+        if (StillBears(loans_.back()))
+            SetKey(loans_.back().code, std::array<xcb_keysym_t, 1>{XCB_NO_SYMBOL});
     x_.Sync();
+}
+
+void X11SpareKeys::DropLost() {
+    std::erase_if(loans_, [this](const Loan& loan) { return !StillBears(loan); });
 }
 
 void X11SpareKeys::SetKey(xcb_keycode_t code, std::span<const xcb_keysym_t> symbols) const {

@@ -34,9 +34,14 @@ public:
 
     /// Whether a key is lent.
     [[nodiscard]] bool any_lent() const { return !loans_.empty(); }
-    /// Frees the keys again. Only when all that was typed has been taken: a program looks up what
-    /// a key bears when it comes to it, not when the key was struck.
-    void GiveBack();
+    /// How many keys are lent.
+    [[nodiscard]] std::size_t lent() const { return loans_.size(); }
+    /// Frees the keys again, but for the first `keep` that were lent. Only when all that was typed
+    /// with them has been taken: a program looks up what a key bears when it comes to it, not when
+    /// the key was struck.
+    void GiveBack(std::size_t keep = 0);
+    /// Forgets the keys that bear their symbol no more, since the person has chosen another layout.
+    void DropLost();
 
 private:
     struct Loan {

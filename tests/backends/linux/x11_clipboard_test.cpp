@@ -10,6 +10,7 @@
 
 #include "copying_program.h"
 #include "linux/desktop_clipboard.h"
+#include "linux/session/x11_selection_owner.h"
 
 /// Needs an X server.
 namespace corvane::linux_desktop {
@@ -66,6 +67,19 @@ TEST_F(X11ClipboardTest, AClipboardThatNobodyKeepsIsEmptyAndClearingItIsNoCopy) 
     x.Sync();
     EXPECT_EQ(clipboard.GetText(), "");
     EXPECT_EQ(clipboard.SequenceNumber(), before);
+}
+
+TEST_F(X11ClipboardTest, WhatIsLentForAPasteAndGivenBackIsNoCopy) {
+    other.Copy({{"UTF8_STRING", "the person's"}});
+    const auto before = clipboard.SequenceNumber();
+    X11SelectionOwner owner("CLIPBOARD");
+    ASSERT_TRUE(owner.Offer(CopiedText(U"lent")));
+    EXPECT_EQ(clipboard.SequenceNumber(), before);
+    owner.OfferLater(CopiedText(U"the person's"), milliseconds(0));
+    EXPECT_EQ(clipboard.GetText(), "the person's");
+    EXPECT_EQ(clipboard.SequenceNumber(), before);
+    other.Copy({{"UTF8_STRING", "new"}});
+    EXPECT_EQ(clipboard.SequenceNumber(), before + 1);
 }
 
 TEST_F(X11ClipboardTest, APictureIsNoText) {

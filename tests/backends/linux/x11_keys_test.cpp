@@ -9,9 +9,18 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QTest>
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <string>
+#include <thread>
 #include <vector>
 
+#include "clipboard_manager.h"
+#include "copying_program.h"
 #include "linux/send_keys_notation.h"
+#include "linux/session/x11_clipboard.h"
 #include "linux/session/x11_keyboard.h"
 #include "linux/session/x11_spare_keys.h"
 
@@ -20,6 +29,59 @@ namespace corvane::linux_desktop {
 namespace {
 
 constexpr int kBound = 10000;  // milliseconds
+
+/// More characters that the layout lacks than keys are lent.
+constexpr auto kToBePasted = "абвгдежзийклмнопрст";
+
+std::string TextOnTheClipboard() {
+    return X11Clipboard(nullptr).ReadText(std::chrono::milliseconds(kBound)).value_or("nothing");
+}
+
+/// A program whose window takes the keys, and which pastes by way of another connection.
+class ProgramOfTwoConnections {
+public:
+    ProgramOfTwoConnections() {
+        const std::array<std::uint32_t, 2> values{1, XCB_EVENT_MASK_KEY_PRESS};
+        xcb_create_window(x_.connection(), XCB_COPY_FROM_PARENT, window_, x_.root(), 0, 0, 50, 50,
+                          0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                          XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
+        xcb_map_window(x_.connection(), window_);
+        xcb_set_input_focus(x_.connection(), XCB_INPUT_FOCUS_POINTER_ROOT, window_,
+                            XCB_CURRENT_TIME);
+        x_.Sync();
+        insert_ = X11Keyboard(x_).Find({NamedKey::Insert})->code;
+        thread_ = std::thread([this] { Serve(); });
+    }
+    ~ProgramOfTwoConnections() { (void)TakeText(); }
+    ProgramOfTwoConnections(const ProgramOfTwoConnections&) = delete;
+    ProgramOfTwoConnections& operator=(const ProgramOfTwoConnections&) = delete;
+
+    /// What was pasted, once it has ended.
+    std::string TakeText() {
+        ends_ = true;
+        if (thread_.joinable()) thread_.join();
+        return text_;
+    }
+
+private:
+    void Serve() {
+        while (!ends_) {
+            pollfd connection{xcb_get_file_descriptor(x_.connection()), POLLIN, 0};
+            ::poll(&connection, 1, 5);
+            while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(x_.connection())})
+                if ((event->response_type & 0x7F) == XCB_KEY_PRESS &&
+                    reinterpret_cast<const xcb_key_press_event_t&>(*event).detail == insert_)
+                    text_ += TextOnTheClipboard();
+        }
+    }
+
+    X11Connection x_;
+    xcb_window_t window_ = xcb_generate_id(x_.connection());
+    xcb_keycode_t insert_ = 0;
+    std::string text_;
+    std::atomic<bool> ends_ = false;
+    std::thread thread_;
+};
 
 class X11KeysTest : public testing::Test {
 protected:
@@ -115,6 +177,115 @@ TEST_F(X11KeysTest, AtMostTenKeysAreLentAndAllAreFreeAgain) {
     EXPECT_EQ(X11Keyboard(x).spare(), spare);
 }
 
+TEST_F(X11KeysTest, KeysLentLastAreFreedAlone) {
+    const auto spare = X11Keyboard(x).spare();
+    X11SpareKeys keys_lent(x);
+    keys_lent.Lend(std::vector<xcb_keysym_t>{XKB_KEY_Cyrillic_de}, X11Keyboard(x));
+    keys_lent.Lend(std::vector<xcb_keysym_t>{XKB_KEY_Thai_kokai}, X11Keyboard(x));
+    keys_lent.GiveBack(1);
+    EXPECT_TRUE(keys_lent.Find(XKB_KEY_Cyrillic_de));
+    EXPECT_FALSE(keys_lent.Find(XKB_KEY_Thai_kokai));
+    EXPECT_EQ(X11Keyboard(x).spare().size(), spare.size() - 1);
+}
+
+TEST_F(X11KeysTest, KeyThatHasLostItsSymbolIsNoLongerLent) {
+    X11SpareKeys keys_lent(x);
+    keys_lent.Lend(std::vector<xcb_keysym_t>{XKB_KEY_Cyrillic_de, XKB_KEY_Thai_kokai},
+                   X11Keyboard(x));
+    // As a person does who chooses another layout.
+    const xcb_keysym_t nothing = XCB_NO_SYMBOL;
+    xcb_change_keyboard_mapping(x.connection(), 1, keys_lent.Find(XKB_KEY_Cyrillic_de)->code, 1,
+                                &nothing);
+    keys_lent.DropLost();
+    EXPECT_FALSE(keys_lent.Find(XKB_KEY_Cyrillic_de));
+    EXPECT_TRUE(keys_lent.Find(XKB_KEY_Thai_kokai));
+}
+
+TEST_F(X11KeysTest, AProcessThatEndsAmongTheKeysPutsEverythingBack) {
+    OpenWindow();
+    const auto spare = X11Keyboard(x).spare();
+    const auto lock = CodeOf(NamedKey::CapsLock);
+    Finger(XCB_KEY_PRESS, lock);
+    Finger(XCB_KEY_RELEASE, lock);
+    bool ended = false;
+    std::unique_ptr<X11Keys> ends;
+    ends = std::make_unique<X11Keys>([&] {
+        QCoreApplication::processEvents();
+        const X11Keyboard before(x);
+        if (ended || before.held().empty()) return;
+        ended = true;
+        EXPECT_EQ(before.held(), std::vector{before.shift()});
+        EXPECT_EQ(before.lock_in_force(), 0);
+        EXPECT_NE(before.spare(), spare);
+        ends->GiveAllBack();
+        const X11Keyboard after(x);
+        EXPECT_TRUE(after.held().empty());
+        EXPECT_NE(after.lock_in_force(), 0);
+        EXPECT_EQ(after.spare(), spare);
+    });
+    // So much that it is waited for in the middle of the group.
+    ends->Type(ParseKeys("→+(" + std::string(60, 'a') + ")"));
+    EXPECT_TRUE(ended);
+    ends.reset();
+    EXPECT_TRUE(X11Keyboard(x).held().empty());
+    Finger(XCB_KEY_PRESS, lock);
+    Finger(XCB_KEY_RELEASE, lock);
+}
+
+TEST_F(X11KeysTest, WhatAPersonHadCopiedOutlivesUsWithAClipboardManager) {
+    ClipboardManager manager;
+    CopyingProgram other;
+    other.Copy({{"UTF8_STRING", "the person's"}});
+    OpenWindow();
+    {
+        X11Keys ends([] { QCoreApplication::processEvents(); });
+        EXPECT_EQ(ends.Type(ParseKeys(kToBePasted)), SessionAnswer::Done);
+    }
+    EXPECT_EQ(edit.text(), kToBePasted);
+    EXPECT_EQ(TextOnTheClipboard(), "the person's");
+}
+
+TEST_F(X11KeysTest, TextIsDeniedAndNotHalfTypedWhereACopyWouldBeLostByPastingIt) {
+    OpenWindow();
+    CopyingProgram other;
+    const std::string text = std::string("ab{TAB}") + kToBePasted;
+    const auto spare = X11Keyboard(x).spare();
+
+    other.Copy({{"UTF8_STRING", "the person's"}});
+    other.hangs = true;
+    EXPECT_EQ(Send(text.c_str()), SessionAnswer::Denied);
+    other.hangs = false;
+    EXPECT_EQ(TextOnTheClipboard(), "the person's");
+
+    other.part_size = 1U << 20U;
+    const std::string large((17U << 20U) + 1, 'x');
+    other.Copy({{"UTF8_STRING", large}});
+    EXPECT_EQ(Send(text.c_str()), SessionAnswer::Denied);
+    EXPECT_EQ(TextOnTheClipboard().size(), large.size());
+    other.part_size = 0;
+
+    other.Copy({{"a form of its own", "the person's"}});
+    EXPECT_EQ(Send(text.c_str()), SessionAnswer::Denied);
+    const X11SelectionReader reader("CLIPBOARD");
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(kBound);
+    EXPECT_TRUE(reader.Read("a form of its own", end, 100).form);
+
+    EXPECT_EQ(edit.text(), "");
+    EXPECT_EQ(X11Keyboard(x).spare(), spare);
+    // What needs no paste is typed all the same.
+    EXPECT_EQ(Send("ab→"), SessionAnswer::Done);
+    EXPECT_EQ(edit.text(), "ab→");
+}
+
+TEST_F(X11KeysTest, TextFetchedByAnotherConnectionOfTheProgramHasArrived) {
+    CopyingProgram other;
+    other.Copy({{"UTF8_STRING", "the person's"}});
+    ProgramOfTwoConnections program;
+    EXPECT_EQ(Send(kToBePasted), SessionAnswer::Done);
+    EXPECT_EQ(program.TakeText(), kToBePasted);
+    EXPECT_EQ(TextOnTheClipboard(), "the person's");
+}
+
 TEST_F(X11KeysTest, WithoutADisplayTypingIsDenied) {
     const QByteArray display = qgetenv("DISPLAY");
     qputenv("DISPLAY", ":no-such-display");
@@ -176,7 +347,7 @@ TEST_F(X11KeysTest, CapsLockChangesNoLetterAndStaysOn) {
     Finger(XCB_KEY_RELEASE, lock);
 }
 
-TEST_F(X11KeysTest, ModifierThatAPersonHoldsIsOutOfForceAndHeldAgain) {
+TEST_F(X11KeysTest, ModifierThatAPersonHoldsIsLetGoAndNotPressedInItsPlace) {
     OpenWindow();
     const auto control = X11Keyboard(x).control();
     Finger(XCB_KEY_PRESS, control);
@@ -184,7 +355,7 @@ TEST_F(X11KeysTest, ModifierThatAPersonHoldsIsOutOfForceAndHeldAgain) {
     const auto held = X11Keyboard(x).held();
     Finger(XCB_KEY_RELEASE, control);
     EXPECT_EQ(edit.text(), "ab");
-    EXPECT_EQ(held, std::vector{control});
+    EXPECT_TRUE(held.empty());
 }
 
 TEST_F(X11KeysTest, KeyThatAPersonStillHoldsIsTypedAllTheSame) {

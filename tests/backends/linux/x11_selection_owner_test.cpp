@@ -11,6 +11,7 @@
 #include <cstring>
 #include <string>
 
+#include "clipboard_manager.h"
 #include "copying_program.h"
 #include "linux/session/x11_selection_reader.h"
 
@@ -121,9 +122,67 @@ TEST_F(X11SelectionOwnerTest, ReaderTakesNoMoreThanItWants) {
                              {"text/html", "text/html", std::string(200000, 'x')},
                              {"text/rtf", "text/rtf", "rtf"}}));
     const auto end = std::chrono::steady_clock::now() + kBound;
-    EXPECT_EQ(reader.ReadAll(end, 100000),
+    const auto without_html = reader.ReadAll(end, 100000);
+    EXPECT_EQ(without_html.copied,
               (Copied{{"UTF8_STRING", "UTF8_STRING", "words"}, {"text/rtf", "text/rtf", "rtf"}}));
-    EXPECT_EQ(reader.ReadAll(end, 7), (Copied{{"UTF8_STRING", "UTF8_STRING", "words"}}));
+    EXPECT_FALSE(without_html.complete);
+    EXPECT_EQ(reader.ReadAll(end, 7).copied, (Copied{{"UTF8_STRING", "UTF8_STRING", "words"}}));
+    EXPECT_TRUE(reader.ReadAll(end, 300000).complete);
+}
+
+TEST_F(X11SelectionOwnerTest, ReaderTellsWhetherItHasReadAll) {
+    CopyingProgram other;
+    const auto is_complete = [&] {
+        return reader.ReadAll(std::chrono::steady_clock::now() + kBound, kAllOfIt).complete;
+    };
+    other.Copy({{"UTF8_STRING", "words"}, {"a form of its own", "?"}});
+    EXPECT_TRUE(is_complete());
+    other.Copy({{"a form of its own", "?"}});
+    EXPECT_FALSE(is_complete());
+    other.Copy({});
+    EXPECT_TRUE(is_complete());
+    other.Copy({{"UTF8_STRING", "words"}});
+    other.hangs = true;
+    EXPECT_FALSE(reader.ReadAll(std::chrono::steady_clock::now() + 30ms, kAllOfIt).complete);
+    ASSERT_TRUE(owner.Offer({}));
+    owner.OfferLater({}, 0ms);
+    EXPECT_TRUE(is_complete());
+}
+
+TEST_F(X11SelectionOwnerTest, ClipboardManagerHasWhatWasKeptOnceTheKeeperIsGone) {
+    ClipboardManager manager;
+    {
+        X11SelectionOwner ends("CLIPBOARD");
+        ASSERT_TRUE(ends.Offer({{"UTF8_STRING", "UTF8_STRING", "words"},
+                                {"image/png", "image/png", std::string(200000, 'p')}}));
+        EXPECT_TRUE(ends.HandOver(kBound));
+    }
+    EXPECT_EQ(Read("UTF8_STRING"), "words");
+    EXPECT_EQ(Read("image/png"), std::string(200000, 'p'));
+}
+
+TEST_F(X11SelectionOwnerTest, WithoutAClipboardManagerNothingIsHandedOver) {
+    ASSERT_TRUE(owner.Offer(CopiedText(U"words")));
+    EXPECT_FALSE(owner.HandOver(kBound));
+    EXPECT_EQ(Read("UTF8_STRING"), "words");
+}
+
+TEST_F(X11SelectionOwnerTest, ClipboardManagerThatHangsIsNotWaitedForForLong) {
+    ClipboardManager manager;
+    manager.hangs = true;
+    ASSERT_TRUE(owner.Offer(CopiedText(U"words")));
+    EXPECT_FALSE(owner.HandOver(30ms));
+    EXPECT_EQ(Read("UTF8_STRING"), "words");
+}
+
+TEST_F(X11SelectionOwnerTest, FetchesBeforeTheStrokeDoNotCount) {
+    ASSERT_TRUE(owner.Offer(CopiedText(U"words")));
+    EXPECT_EQ(Read("UTF8_STRING"), "words");
+    EXPECT_EQ(owner.Fetched(), 1);
+    owner.CountFromNow();
+    EXPECT_EQ(owner.Fetched(), 0);
+    EXPECT_EQ(Read("UTF8_STRING"), "words");
+    EXPECT_EQ(owner.Fetched(), 1);
 }
 
 TEST_F(X11SelectionOwnerTest, FetchesAreCountedByProgramAndOffer) {

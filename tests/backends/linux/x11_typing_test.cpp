@@ -297,7 +297,7 @@ TEST_F(X11TypingTest, WhatAnotherProgramHadCopiedIsOnTheClipboardAgain) {
                   text.size() * static_cast<std::size_t>(time));
         const X11SelectionReader reader("CLIPBOARD");
         const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(kBound);
-        EXPECT_EQ(reader.ReadAll(end, std::size_t{1} << 24U),
+        EXPECT_EQ(reader.ReadAll(end, std::size_t{1} << 24U).copied,
                   (Copied{{"UTF8_STRING", "UTF8_STRING", "the person's"},
                           {"text/html", "text/html", "<b>the person's</b>"},
                           {"image/png", "image/png", picture}}));
@@ -353,7 +353,10 @@ TEST_P(ProgramThatHangs, TakesItsTextWhenItGoesOn) {
     ASSERT_TRUE(program.Start(GetParam()));
     program.Stop(true);
     const std::string typed = PlainEnglish(200) + "éà“”";
-    EXPECT_EQ(Send(InNotation(typed)), SessionAnswer::Done);
+    // A terminal gets what the layout lacks by pasting, which it does not fetch now.
+    const auto expected =
+        GetParam() == TypingProgram::Terminal ? SessionAnswer::Denied : SessionAnswer::Done;
+    EXPECT_EQ(Send(InNotation(typed)), expected);
     program.Stop(false);
     EXPECT_EQ(program.TextOnceItIs(typed), typed);
 }
@@ -365,7 +368,7 @@ TEST_P(ProgramThatHangs, PastesTheTextAndNothingElseWhenItGoesOn) {
     ASSERT_TRUE(program.Start(GetParam()));
     program.Stop(true);
     const std::string pasted = Utf8(RandomText(OtherScripts(), 100));
-    EXPECT_EQ(Send(pasted), SessionAnswer::Done);
+    EXPECT_EQ(Send(pasted), SessionAnswer::Denied);
     program.Stop(false);
     EXPECT_EQ(program.TextOnceItIs(pasted), pasted);
 }
@@ -380,7 +383,7 @@ TEST_P(ProgramThatHangs, LeavesNoModifierDownThatAPersonMayHaveLetGoMeanwhile) {
     ASSERT_EQ(X11Keyboard(x).held(), std::vector{control});
     // So much that it is waited for.
     const std::string typed = Utf8(RandomText(OtherScripts(), 100));
-    EXPECT_EQ(Send(typed), SessionAnswer::Done);
+    EXPECT_EQ(Send(typed), SessionAnswer::Denied);
     EXPECT_TRUE(X11Keyboard(x).held().empty());
 }
 
