@@ -65,7 +65,8 @@ public:
     }
 
     [[nodiscard]] bool AreGone() const {
-        return !files_.open() || NamesIn(files_.number()).empty();
+        const FileDescriptor expunged = OpenFolder(trash_, "expunged");
+        return HasNothing(files_) && HasNothing(expunged);
     }
 
     [[nodiscard]] std::int64_t Things() const { return static_cast<std::int64_t>(things_.size()); }
@@ -95,6 +96,10 @@ public:
     }
 
 private:
+    static bool HasNothing(const FileDescriptor& folder) {
+        return !folder.open() || NamesIn(folder.number()).empty();
+    }
+
     static void Forget(int info, const std::string& thing) {
         ::unlinkat(info, (thing + std::string(kNoteEnding)).c_str(), 0);
     }

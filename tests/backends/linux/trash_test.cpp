@@ -136,6 +136,13 @@ TEST_F(TrashTest, NotesOfNothingAndWhatOthersLeftBehindGoToo) {
     EXPECT_THAT(In(home), UnorderedElementsAre("files", "info", "expunged"));
 }
 
+TEST_F(TrashTest, WhatOthersLeftBehindAndCanNotGoIsNotPassedOver) {
+    Write(home / "expunged/1234/half removed");
+    Allow(home / "expunged", 0500);
+    EXPECT_FALSE(Empty());
+    Allow(home / "expunged", 0700);
+}
+
 TEST_F(TrashTest, ThePersonsFolderInAStickySharedTrashIsEmptied) {
     const fs::path own = volume / ".Trash" / std::to_string(::geteuid());
     Throw(own, "mine");
