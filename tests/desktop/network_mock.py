@@ -9,8 +9,10 @@ usage: network_mock.py serve                     runs until it is ended
        network_mock.py proxy ADDRESS              what the desktop's settings say: direct:// for none
        network_mock.py profile NUMBER TYPE AUTOCONNECT LAST_USED OUTCOME
                                                   a connection that can be activated; AUTOCONNECT is
-                                                  yes, no or unsaid, OUTCOME answers, busy or silent,
-                                                  TYPE may be bluetooth:dun
+                                                  yes, no or unsaid, OUTCOME answers, busy, silent or
+                                                  stalls, which is answers with nobody saying anything
+                                                  for three seconds; TYPE may be bluetooth:dun,
+                                                  pppoe:PARENT, or end with @CARD
        network_mock.py stands NUMBER...           the profiles that are active from now on
        network_mock.py calls METHOD               prints the arguments of each call of it, a line each
 """
@@ -29,6 +31,7 @@ RESOLVER = "org.freedesktop.portal.ProxyResolver"
 MOCK = "org.freedesktop.DBus.Mock"
 PROFILE = PATH + "/Settings/"
 PROFILE_ACTIVE = PATH + "/ActiveConnection/of"
+DEVICE = PATH + "/Devices/"
 ACTIVE = NAME + ".Connection.Active"
 
 # Run by the mock for calls: "self" is its manager. Profiles and what they have become have their
@@ -59,8 +62,12 @@ ret = dbus.ObjectPath({PROFILE_ACTIVE!r} + args[0].rsplit('/', 1)[1])
 active = objects[ret].props[{ACTIVE!r}]
 active['State'] = dbus.UInt32(1)
 show(self)
-outcome = dict(answers=2, busy=4, silent=1)[str(active['Outcome'])]
+outcome = dict(answers=2, busy=4, silent=1, stalls=2)[str(active['Outcome'])]
 later(active, outcome, self, 300)
+if active['Outcome'] == 'stalls':
+    import time
+    from gi.repository import GLib
+    GLib.timeout_add(50, lambda sleep=time.sleep: sleep(3))
 """
 DEACTIVATE = SHOW + LATER + f"""
 active = objects[args[0]].props[{ACTIVE!r}]
@@ -127,20 +134,27 @@ def set_network(state, kind, activating):
 
 
 def add_profile(number, kind, autoconnect, last_used, outcome):
+    kind, _, card = kind.partition("@")
     kind, _, profile = kind.partition(":")
     connection = {"type": kind, "id": "profile " + number, "timestamp": int(last_used)}
     if autoconnect != "unsaid":
         connection["autoconnect"] = autoconnect == "yes"
+    if card:
+        connection["interface-name"] = card
     settings = {"connection": connection}
     if profile:
-        settings[kind] = {"type": profile}
+        settings[kind] = {"parent" if kind == "pppoe" else "type": profile}
     code = f"ret = {settings!r}"
     manager = mock(dbus.SystemBus(), NAME, PATH)
+    devices = [dbus.ObjectPath(DEVICE + number)] if card else []
+    if card:
+        manager.AddObject(DEVICE + number, NAME + ".Device", {"Interface": card}, [])
     manager.AddObject(PROFILE + number, NAME + ".Settings.Connection", {},
                       [("GetSettings", "", "a{sa{sv}}", code)])
     manager.AddObject(PROFILE_ACTIVE + number, ACTIVE, {
         "Type": kind,
         "Connection": dbus.ObjectPath(PROFILE + number),
+        "Devices": dbus.Array(devices, signature="o"),
         "State": dbus.UInt32(4),
         "Outcome": outcome,
     }, [])

@@ -5,13 +5,16 @@
 #include <QDBusObjectPath>
 #include <QDeadlineTimer>
 #include <QThread>
+#include <algorithm>
 #include <tuple>
 #include <utility>
 
 namespace corvane::linux_desktop {
 namespace {
 
-// What becomes of a connection, in this order. One that is no longer known is down.
+// What becomes of a connection, in this order. One that is no longer known is down, which can't be
+// said of one about which nobody answers.
+constexpr unsigned kUnknown = 0;
 constexpr unsigned kActivating = 1;
 constexpr unsigned kActivated = 2;
 constexpr unsigned kDeactivating = 3;
@@ -41,7 +44,7 @@ bool Dialler::Dial() const {
     for (const QString& active : ActiveModems()) {
         const unsigned state = StateOf(active);
         if (state == kActivated) return true;
-        if (state == kActivating) dialled = active;
+        if (state == kActivating || state == kUnknown) dialled = active;
     }
     if (dialled.isEmpty()) {
         const QString profile = DefaultProfile();
@@ -96,15 +99,51 @@ QString Dialler::DefaultProfile() const {
         const ConnectionSettings settings = network_.SettingsOf(profile);
         if (!IsModem(TypeOf(settings))) continue;
         if (!best.isEmpty() && Preference(settings) <= Preference(settings_of_best)) continue;
+        if (WouldReplaceAnother(settings)) continue;
         best = profile;
         settings_of_best = settings;
     }
     return best;
 }
 
+bool Dialler::WouldReplaceAnother(const ConnectionSettings& settings) const {
+    if (TypeOf(settings) != u"pppoe") return false;
+    // With a parent it gets a device of its own, and the card goes on with what it carries.
+    if (!settings[QStringLiteral("pppoe")][QStringLiteral("parent")].toString().isEmpty())
+        return false;
+    const QString card =
+        settings[QStringLiteral("connection")][QStringLiteral("interface-name")].toString();
+    const auto all = network_.Property(NetworkManager::kPath, NetworkManager::kName,
+                                       QStringLiteral("ActiveConnections"));
+    if (!all.isValid()) return true;
+    const QStringList active_ones = Paths(all);
+    return std::ranges::any_of(active_ones,
+                               [&](const QString& active) { return MayCarry(card, active); });
+}
+
+bool Dialler::MayCarry(const QString& card, const QString& active) const {
+    if (card.isEmpty()) {
+        const QString type =
+            network_.Property(active, NetworkManager::kActive, QStringLiteral("Type")).toString();
+        return type.isEmpty() || type == u"802-3-ethernet";
+    }
+    const QVariant devices =
+        network_.Property(active, NetworkManager::kActive, QStringLiteral("Devices"));
+    if (!devices.isValid()) return true;
+    const QStringList used = Paths(devices);
+    return std::ranges::any_of(used, [&](const QString& device) {
+        const QString name =
+            network_
+                .Property(device, QStringLiteral("org.freedesktop.NetworkManager.Device"),
+                          QStringLiteral("Interface"))
+                .toString();
+        return name.isEmpty() || name == card;
+    });
+}
+
 unsigned Dialler::StateOf(const QString& active) const {
-    const QVariant state =
-        network_.Property(active, NetworkManager::kActive, QStringLiteral("State"));
+    const QVariant state = network_.PropertyUnlessSilent(active, NetworkManager::kActive,
+                                                         QStringLiteral("State"), kUnknown);
     return state.isValid() ? state.toUInt() : kDeactivated;
 }
 

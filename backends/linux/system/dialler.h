@@ -16,8 +16,10 @@ public:
 
     /// Activates the default one of the profiles, which is one that connects by itself if there is
     /// such a one, else the one used last, and returns whether it stands. One that stands already
-    /// is left as it is, and one that is being set up is waited for. Waits for as long as a modem
-    /// may take to register, dial and negotiate, 60 seconds; behind that NetworkManager goes on.
+    /// is left as it is, and one that is being set up is waited for. PPP over an Ethernet card that
+    /// carries something else is not dialled where it would take the card over. Waits for as long
+    /// as a modem may take to register, dial and negotiate, 60 seconds; behind that NetworkManager
+    /// goes on.
     [[nodiscard]] bool Dial() const;
 
     /// Takes down all that stand or are being set up, and waits until they are down, for ten
@@ -27,6 +29,11 @@ public:
 private:
     [[nodiscard]] QStringList ActiveModems() const;
     [[nodiscard]] QString DefaultProfile() const;
+    /// Whether activating a profile would end another connection, which it does where it needs a
+    /// network card for itself. True also where that can't be told.
+    [[nodiscard]] bool WouldReplaceAnother(const ConnectionSettings& settings) const;
+    /// Whether an Ethernet card, any if `card` is empty, may be in use by an active connection.
+    [[nodiscard]] bool MayCarry(const QString& card, const QString& active) const;
     [[nodiscard]] unsigned StateOf(const QString& active) const;
     /// The first state behind `passing`, or the present one when patience is over (milliseconds).
     [[nodiscard]] unsigned Outcome(const QString& active, unsigned passing, int patience) const;

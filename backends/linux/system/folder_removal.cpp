@@ -31,27 +31,13 @@ Identity IdentityOf(int folder) {
     return {.device = status.st_dev, .number = status.st_ino};
 }
 
-enum class Outcome { Gone, Stays, HasContent };
-
-Outcome RemoveOne(int folder, const std::string& name) {
-    if (::unlinkat(folder, name.c_str(), 0) == 0 || errno == ENOENT) return Outcome::Gone;
-    if (errno != EISDIR) return Outcome::Stays;
-    // A folder on which another file system is mounted says that it is busy, and is left alone.
-    if (::unlinkat(folder, name.c_str(), AT_REMOVEDIR) == 0) return Outcome::Gone;
-    return errno == ENOTEMPTY || errno == EEXIST ? Outcome::HasContent : Outcome::Stays;
-}
-
 /// Opens a folder so that what is in it can be removed; none if that can't be had.
 FileDescriptor Enter(int parent, const std::string& name) {
     const FileDescriptor path(::openat(parent, name.c_str(), O_PATH | kFolder));
     struct stat status {};
     if (!path.open() || ::fstat(path.number(), &status) != 0) return {};
     if (status.st_dev != IdentityOf(parent).device) return {};
-    if (status.st_uid == ::geteuid() && (status.st_mode & S_IRWXU) != S_IRWXU) {
-        // By its number, since the name may mean something else by now.
-        const std::string itself = "/proc/self/fd/" + std::to_string(path.number());
-        ::chmod(itself.c_str(), (status.st_mode & 07777) | S_IRWXU);
-    }
+    static_cast<void>(AllowOneself(path.number()));
     FileDescriptor folder(::openat(path.number(), ".", O_RDONLY | kFolder));
     // Without the right to write nothing in it can go, without the other no way leads back.
     if (folder.open() && ::faccessat(folder.number(), ".", W_OK | X_OK, AT_EACCESS) != 0) return {};
@@ -91,6 +77,7 @@ private:
         switch (RemoveOne(folder, name)) {
             case Outcome::Gone:
                 return watcher_.Removed();
+            case Outcome::WasNotThere:
             case Outcome::Stays:
                 return true;
             case Outcome::HasContent:
@@ -141,6 +128,24 @@ std::vector<std::string> NamesIn(int folder) {
 bool HasEntry(int folder, const std::string& name) {
     struct stat status {};
     return ::fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 || errno != ENOENT;
+}
+
+Outcome RemoveOne(int folder, const std::string& name) {
+    if (::unlinkat(folder, name.c_str(), 0) == 0) return Outcome::Gone;
+    if (errno == ENOENT) return Outcome::WasNotThere;
+    if (errno != EISDIR) return Outcome::Stays;
+    // A folder on which another file system is mounted says that it is busy, and is left alone.
+    if (::unlinkat(folder, name.c_str(), AT_REMOVEDIR) == 0) return Outcome::Gone;
+    return errno == ENOTEMPTY || errno == EEXIST ? Outcome::HasContent : Outcome::Stays;
+}
+
+bool AllowOneself(int folder) {
+    struct stat status {};
+    if (::fstat(folder, &status) != 0 || status.st_uid != ::geteuid()) return false;
+    if ((status.st_mode & S_IRWXU) == S_IRWXU) return true;
+    // By its number, since the name may mean something else by now.
+    const std::string itself = "/proc/self/fd/" + std::to_string(folder);
+    return ::chmod(itself.c_str(), (status.st_mode & 07777) | S_IRWXU) == 0;
 }
 
 bool RemoveTree(int folder, const std::string& name, RemovalWatcher& watcher) {

@@ -54,11 +54,14 @@ std::vector<Mount> MountsOf(const std::string& mountinfo) {
 }
 
 bool HoldsFiles(const Mount& mount) {
-    constexpr std::array<std::string_view, 10> kNetwork{
-        "nfs", "nfs4", "cifs", "smb3", "9p", "fuse.sshfs", "afs", "ceph", "zfs", "virtiofs"};
     if (mount.type == "squashfs") return false;  // a packed program
-    return mount.source.starts_with("/dev/") ||
-           std::find(kNetwork.begin(), kNetwork.end(), mount.type) != kNetwork.end();
+    return mount.source.starts_with("/dev/") || mount.type == "zfs" || IsOnNetwork(mount);
+}
+
+bool IsOnNetwork(const Mount& mount) {
+    constexpr std::array<std::string_view, 9> kNetwork{
+        "nfs", "nfs4", "cifs", "smb3", "9p", "fuse.sshfs", "afs", "ceph", "virtiofs"};
+    return std::find(kNetwork.begin(), kNetwork.end(), mount.type) != kNetwork.end();
 }
 
 std::string PresentMountTable() {

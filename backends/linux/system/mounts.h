@@ -20,6 +20,9 @@ struct Mount {
 /// Whether it is a store of files, and not the kernel's or a program's way to show something.
 [[nodiscard]] bool HoldsFiles(const Mount& mount);
 
+/// Whether its files lie with another machine, which may not answer.
+[[nodiscard]] bool IsOnNetwork(const Mount& mount);
+
 /// The table of this machine at the moment.
 [[nodiscard]] std::string PresentMountTable();
 

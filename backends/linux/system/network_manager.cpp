@@ -2,6 +2,7 @@
 #include "linux/system/network_manager.h"
 
 #include <QDBusArgument>
+#include <QDBusError>
 #include <QDBusMetaType>
 #include <QDBusVariant>
 #include <utility>
@@ -12,6 +13,17 @@ const QString NetworkManager::kName = QStringLiteral("org.freedesktop.NetworkMan
 const QString NetworkManager::kPath = QStringLiteral("/org/freedesktop/NetworkManager");
 const QString NetworkManager::kActive =
     QStringLiteral("org.freedesktop.NetworkManager.Connection.Active");
+
+namespace {
+
+bool IsSilence(const QDBusMessage& answer) {
+    if (answer.type() != QDBusMessage::ErrorMessage) return false;
+    const QDBusError::ErrorType error = QDBusError(answer).type();
+    return error == QDBusError::NoReply || error == QDBusError::Timeout ||
+           error == QDBusError::TimedOut;
+}
+
+}  // namespace
 
 bool IsModem(const QString& type) {
     return type == u"gsm" || type == u"cdma" || type == u"pppoe" || type == u"adsl" ||
@@ -36,20 +48,33 @@ std::optional<QVariant> NetworkManager::Ask(const QString& path, const QString& 
     return Ask(question);
 }
 
-std::optional<QVariant> NetworkManager::Ask(QDBusMessage question) const {
-    constexpr int kPatience = 2000;  // milliseconds
-    if (!bus_.isConnected()) return std::nullopt;
-    question.setAutoStartService(false);
-    const QDBusMessage answer = bus_.call(question, QDBus::Block, kPatience);
+std::optional<QVariant> NetworkManager::Ask(const QDBusMessage& question) const {
+    const QDBusMessage answer = AnswerTo(question);
     if (answer.type() != QDBusMessage::ReplyMessage) return std::nullopt;
     return answer.arguments().value(0);
 }
 
+QDBusMessage NetworkManager::AnswerTo(QDBusMessage question) const {
+    constexpr int kPatience = 2000;  // milliseconds
+    if (!bus_.isConnected()) return {};
+    question.setAutoStartService(false);
+    return bus_.call(question, QDBus::Block, kPatience);
+}
+
 QVariant NetworkManager::Property(const QString& path, const QString& interface,
                                   const QString& name) const {
-    const auto answer = Ask(path, QStringLiteral("org.freedesktop.DBus.Properties"),
-                            QStringLiteral("Get"), {interface, name});
-    return answer ? answer->value<QDBusVariant>().variant() : QVariant();
+    return PropertyUnlessSilent(path, interface, name, {});
+}
+
+QVariant NetworkManager::PropertyUnlessSilent(const QString& path, const QString& interface,
+                                              const QString& name, const QVariant& silence) const {
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        kName, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question.setArguments({interface, name});
+    const QDBusMessage answer = AnswerTo(question);
+    if (IsSilence(answer)) return silence;
+    if (answer.type() != QDBusMessage::ReplyMessage) return {};
+    return answer.arguments().value(0).value<QDBusVariant>().variant();
 }
 
 ConnectionSettings NetworkManager::SettingsOf(const QString& connection) const {

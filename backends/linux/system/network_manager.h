@@ -35,6 +35,10 @@ public:
                                               const QVariantList& arguments = {}) const;
     [[nodiscard]] QVariant Property(const QString& path, const QString& interface,
                                     const QString& name) const;
+    /// As Property, for those who must not take silence for an answer. `silence` where no answer
+    /// came in time; invalid only where there is no such thing, or nobody to ask.
+    [[nodiscard]] QVariant PropertyUnlessSilent(const QString& path, const QString& interface,
+                                                const QString& name, const QVariant& silence) const;
     [[nodiscard]] ConnectionSettings SettingsOf(const QString& connection) const;
 
     /// Asks for the settings of a connection; for those who do not wait for the answer.
@@ -45,7 +49,8 @@ public:
     static const QString kActive;  ///< the interface of a connection in use
 
 private:
-    [[nodiscard]] std::optional<QVariant> Ask(QDBusMessage question) const;
+    [[nodiscard]] std::optional<QVariant> Ask(const QDBusMessage& question) const;
+    [[nodiscard]] QDBusMessage AnswerTo(QDBusMessage question) const;
 
     QDBusConnection bus_;
 };

@@ -22,9 +22,9 @@ struct Work {
     std::promise<EmptyBinResult> result;
 };
 
-EmptyBinResult ResultOf(const Emptying& emptying, const std::vector<FileDescriptor>& trashes) {
+EmptyBinResult ResultOf(const Emptying& emptying, bool all_gone) {
     if (emptying.cancelled) return kBinCancelled;
-    if (!AreEmpty(trashes)) return kBinNotAllEmptied;
+    if (!all_gone) return kBinNotAllEmptied;
     return emptying.files_removed > 0 ? kBinEmptied : kBinWasEmpty;
 }
 
@@ -35,9 +35,8 @@ std::future<EmptyBinResult> Start(const std::shared_ptr<Work>& work,
     std::thread([work, find_places, root] {
         const auto places = find_places(root);
         if (!places) return work->result.set_value(kNoSuchDrive);
-        const std::vector<FileDescriptor> trashes = OpenTrashes(*places);
-        EmptyTrashes(trashes, work->emptying);
-        work->result.set_value(ResultOf(work->emptying, trashes));
+        const bool all_gone = EmptyTrashes(*places, work->emptying);
+        work->result.set_value(ResultOf(work->emptying, all_gone));
     }).detach();
     return done;
 }

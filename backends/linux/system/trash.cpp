@@ -5,12 +5,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <set>
 #include <string_view>
 #include <utility>
+#include <vector>
 
+#include "linux/files/file_descriptor.h"
+#include "linux/system/expunging.h"
 #include "linux/system/folder_removal.h"
 
 namespace corvane::linux_desktop {
@@ -23,47 +25,17 @@ FileDescriptor OpenFolder(int parent, const std::string& name) {
         ::openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
-class TrashFinder {
-public:
-    explicit TrashFinder(uid_t person) : person_(person) {}
-
-    void Add(FileDescriptor folder) {
-        struct stat status {};
-        if (!folder.open() || ::fstat(folder.number(), &status) != 0) return;
-        if (status.st_uid != person_) return;
-        // A volume that is mounted twice has one trash.
-        if (!seen_.insert({status.st_dev, status.st_ino}).second) return;
-        found_.push_back(std::move(folder));
-    }
-
-    void LookIn(const std::string& top) {
-        const FileDescriptor volume(::open(top.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-        if (!volume.open()) return;
-        const std::string person = std::to_string(person_);
-        const FileDescriptor shared = OpenShared(volume.number());
-        if (shared.open()) Add(OpenFolder(shared.number(), person));
-        Add(OpenFolder(volume.number(), ".Trash-" + person));
-    }
-
-    std::vector<FileDescriptor> Found() { return std::move(found_); }
-
-private:
-    /// The folder in which each person may have a trash. Without the sticky bit one person could
-    /// put something else in the place of another's.
-    static FileDescriptor OpenShared(int volume) {
-        // It need not be readable to be gone through.
-        FileDescriptor shared(
-            ::openat(volume, ".Trash", O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-        struct stat status {};
-        if (!shared.open() || ::fstat(shared.number(), &status) != 0) return {};
-        if ((status.st_mode & S_ISVTX) == 0) return {};
-        return shared;
-    }
-
-    uid_t person_;
-    std::set<std::pair<dev_t, ino_t>> seen_;
-    std::vector<FileDescriptor> found_;
-};
+/// The folder in which each person may have a trash on a volume. Without the sticky bit one person
+/// could put something else in the place of another's.
+FileDescriptor OpenShared(int volume) {
+    // It need not be readable to be gone through.
+    FileDescriptor shared(
+        ::openat(volume, ".Trash", O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat status {};
+    if (!shared.open() || ::fstat(shared.number(), &status) != 0) return {};
+    if ((status.st_mode & S_ISVTX) == 0) return {};
+    return shared;
+}
 
 class Count final : public RemovalWatcher {
 public:
@@ -92,6 +64,11 @@ public:
         if (expunged.open()) remains_ = NamesIn(expunged.number());
     }
 
+    [[nodiscard]] bool AreGone() const {
+        const FileDescriptor expunged = OpenFolder(trash_, "expunged");
+        return HasNothing(files_) && HasNothing(expunged);
+    }
+
     [[nodiscard]] std::int64_t Things() const { return static_cast<std::int64_t>(things_.size()); }
 
     void Empty(Emptying& emptying) {
@@ -101,7 +78,7 @@ public:
         const FileDescriptor info = OpenFolder(trash_, "info");
         for (const std::string& thing : things_) {
             if (emptying.cancelled) return;
-            const bool gone = RemoveTree(files_.number(), thing, count);
+            const bool gone = Expunge(trash_, files_.number(), thing, count);
             if (gone && info.open()) Forget(info.number(), thing);
             ++emptying.things_done;
         }
@@ -110,7 +87,7 @@ public:
             if (emptying.cancelled || !info.open() || !(files_.open() || no_files_)) break;
             if (!IsNoteOfSomething(note)) RemoveTree(info.number(), note, count);
         }
-        // What other programs had moved out of sight before they could remove it.
+        // What had been moved out of sight when whoever did it was cut off.
         const FileDescriptor expunged = OpenFolder(trash_, "expunged");
         for (const std::string& remains : remains_) {
             if (emptying.cancelled || !expunged.open()) break;
@@ -119,6 +96,10 @@ public:
     }
 
 private:
+    static bool HasNothing(const FileDescriptor& folder) {
+        return !folder.open() || NamesIn(folder.number()).empty();
+    }
+
     static void Forget(int info, const std::string& thing) {
         ::unlinkat(info, (thing + std::string(kNoteEnding)).c_str(), 0);
     }
@@ -136,29 +117,51 @@ private:
     std::vector<std::string> remains_;
 };
 
+/// Goes through all places, and empties each trash once.
+class Round {
+public:
+    Round(uid_t person, Emptying& emptying) : person_(person), emptying_(emptying) {}
+
+    void EmptyHome(const std::string& home) { Empty(OpenFolder(AT_FDCWD, home)); }
+
+    void EmptyVolume(const std::string& top) {
+        if (emptying_.cancelled) return;
+        const FileDescriptor volume(::open(top.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        if (!volume.open()) return;
+        const std::string person = std::to_string(person_);
+        const FileDescriptor shared = OpenShared(volume.number());
+        if (shared.open()) Empty(OpenFolder(shared.number(), person));
+        Empty(OpenFolder(volume.number(), ".Trash-" + person));
+    }
+
+    [[nodiscard]] bool all_gone() const { return all_gone_; }
+
+private:
+    void Empty(const FileDescriptor& trash) {
+        struct stat status {};
+        if (!trash.open() || ::fstat(trash.number(), &status) != 0) return;
+        if (status.st_uid != person_) return;
+        // A volume that is mounted twice has one trash.
+        if (!seen_.insert({status.st_dev, status.st_ino}).second) return;
+        Contents contents(trash.number());
+        emptying_.things += contents.Things();
+        contents.Empty(emptying_);
+        all_gone_ = all_gone_ && contents.AreGone();
+    }
+
+    uid_t person_;
+    Emptying& emptying_;
+    std::set<std::pair<dev_t, ino_t>> seen_;
+    bool all_gone_ = true;
+};
+
 }  // namespace
 
-std::vector<FileDescriptor> OpenTrashes(const TrashPlaces& places) {
-    TrashFinder finder(places.person);
-    finder.Add(OpenFolder(AT_FDCWD, places.home));
-    for (const std::string& top : places.tops) finder.LookIn(top);
-    return finder.Found();
-}
-
-void EmptyTrashes(const std::vector<FileDescriptor>& trashes, Emptying& emptying) {
-    std::vector<Contents> all;
-    for (const FileDescriptor& trash : trashes) {
-        all.emplace_back(trash.number());
-        emptying.things += all.back().Things();
-    }
-    for (Contents& contents : all) contents.Empty(emptying);
-}
-
-bool AreEmpty(const std::vector<FileDescriptor>& trashes) {
-    return std::ranges::none_of(trashes, [](const FileDescriptor& trash) {
-        const FileDescriptor files = OpenFolder(trash.number(), "files");
-        return files.open() && !NamesIn(files.number()).empty();
-    });
+bool EmptyTrashes(const TrashPlaces& places, Emptying& emptying) {
+    Round round(places.person, emptying);
+    round.EmptyHome(places.home);
+    for (const std::string& top : places.tops) round.EmptyVolume(top);
+    return round.all_gone();
 }
 
 }  // namespace corvane::linux_desktop

@@ -62,11 +62,13 @@ std::optional<TrashPlaces> TrashPlacesOf(const TrashMap& map, const std::string&
     const auto real_home = std::filesystem::weakly_canonical(map.home_trash, unreachable);
     if (device.empty() || DeviceOf(mounts, real_home) == device) places.home = map.home_trash;
     // Parts of one file system may be mounted as volumes of their own, each with a trash.
+    std::vector<std::string> on_network;
     for (const Mount& mount : mounts) {
         const bool volume = mount.point == "/" || HoldsFiles(mount);
         if (volume && (device.empty() || mount.device == device))
-            places.tops.push_back(mount.point);
+            (IsOnNetwork(mount) ? on_network : places.tops).push_back(mount.point);
     }
+    places.tops.insert(places.tops.end(), on_network.begin(), on_network.end());
     return places;
 }
 

@@ -19,7 +19,7 @@ struct TrashMap {
 };
 
 /// The places of one drive, by a path that begins with its letter and ":", or of all drives by the
-/// empty text. Nothing when there is no such drive.
+/// empty text; volumes behind a network come last. Nothing when there is no such drive.
 [[nodiscard]] std::optional<TrashPlaces> TrashPlacesOf(const TrashMap& map,
                                                        const std::string& root);
 

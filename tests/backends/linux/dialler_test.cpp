@@ -76,6 +76,39 @@ TEST_F(DiallerTest, AnotherConnectionThatStandsIsNoReasonNotToDial) {
     EXPECT_EQ(Dialled(), Dialling("2"));
 }
 
+TEST_F(DiallerTest, PppDoesNotTakeACardOverThatCarriesALan) {
+    Profile("1", "802-3-ethernet@eth0", "yes", "100");
+    Profile("2", "pppoe@eth0", "yes", "900");
+    Profile("3", "pppoe", "yes", "800");  // whichever card it would get
+    bus.Tell({"stands", "1"});
+    EXPECT_FALSE(dialler.Dial());
+    EXPECT_EQ(Dialled(), "");
+    Profile("4", "gsm", "no", "100");
+    EXPECT_TRUE(dialler.Dial());
+    EXPECT_EQ(Dialled(), Dialling("4"));
+}
+
+TEST_F(DiallerTest, PppWithADeviceOfItsOwnIsDialledBesideALan) {
+    Profile("1", "802-3-ethernet@eth0", "yes", "100");
+    Profile("2", "pppoe:eth0@ppp0", "yes", "900");
+    bus.Tell({"stands", "1"});
+    EXPECT_TRUE(dialler.Dial());
+    EXPECT_EQ(Dialled(), Dialling("2"));
+}
+
+TEST_F(DiallerTest, PppIsDialledOverACardThatCarriesNothing) {
+    Profile("1", "802-3-ethernet@eth0", "yes", "100");
+    Profile("2", "pppoe@eth1", "yes", "900");
+    bus.Tell({"stands", "1"});
+    EXPECT_TRUE(dialler.Dial());
+    EXPECT_EQ(Dialled(), Dialling("2"));
+}
+
+TEST_F(DiallerTest, SilenceForAWhileDoesNotMeanThatALineIsDown) {
+    Profile("1", "gsm", "yes", "100", "stalls");
+    EXPECT_TRUE(dialler.Dial());
+}
+
 TEST_F(DiallerTest, AModemThatIsConnectedIsNotDialledAgain) {
     Profile("1", "gsm", "yes", "100");
     bus.Tell({"stands", "1"});

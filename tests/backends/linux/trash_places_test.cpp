@@ -50,6 +50,21 @@ TEST_F(TrashPlacesTest, ADriveHasItsVolumesAndTheHomeTrashThatLiesOnIt) {
     EXPECT_EQ(On("E:\\anything")->home, home_trash);
 }
 
+TEST_F(TrashPlacesTest, VolumesBehindANetworkComeLast) {
+    const auto places =
+        TrashPlacesOf({.mountinfo = "27 1 0:40 / / rw - nfs4 server:/root rw\n"
+                                    "30 27 0:41 / /nowhere/far rw - cifs //server/far rw\n"
+                                    "31 27 0:42 / /nowhere/further rw - fuse.sshfs ann@server: rw\n"
+                                    "32 27 8:1 / /nowhere/near rw - ext4 /dev/sda1 rw\n",
+                       .drives = {},
+                       .home_trash = home_trash,
+                       .person = 1000},
+                      "");
+    ASSERT_TRUE(places);
+    EXPECT_THAT(places->tops,
+                ElementsAre("/nowhere/near", "/", "/nowhere/far", "/nowhere/further"));
+}
+
 TEST_F(TrashPlacesTest, ADriveWithoutADiscHasNoTrash) {
     ASSERT_TRUE(On("F:\\"));
     EXPECT_THAT(On("F:\\")->tops, IsEmpty());

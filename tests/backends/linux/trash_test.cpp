@@ -11,6 +11,8 @@
 #include <filesystem>
 #include <functional>
 
+#include "linux/files/file_descriptor.h"
+#include "linux/system/expunging.h"
 #include "linux/system/folder_removal.h"
 #include "temporary_folder.h"
 #include "unprivileged.h"
@@ -56,10 +58,10 @@ protected:
         return names;
     }
 
-    [[nodiscard]] std::vector<FileDescriptor> Trashes() const {
-        return OpenTrashes({.home = home, .tops = {volume}, .person = ::geteuid()});
+    bool Empty(const std::vector<std::string>& tops) {
+        return EmptyTrashes({.home = home, .tops = tops, .person = ::geteuid()}, emptying);
     }
-    void Empty() { EmptyTrashes(Trashes(), emptying); }
+    bool Empty() { return Empty({volume}); }
 
     Unprivileged nobody;
     TemporaryFolder folder;
@@ -76,14 +78,13 @@ TEST_F(TrashTest, FilesAndNotesGoFromHomeAndFromEachVolume) {
                                  "e",
                                  ".hidden", "..."})
             Throw(trash, name);
-    Empty();
+    EXPECT_TRUE(Empty());
     for (const fs::path& trash : {home, volume_trash}) {
         EXPECT_THAT(In(trash / "files"), IsEmpty());
         EXPECT_THAT(In(trash / "info"), IsEmpty());
     }
     EXPECT_EQ(emptying.things, 18);
     EXPECT_EQ(emptying.things_done, 18);
-    EXPECT_TRUE(AreEmpty(Trashes()));
 }
 
 TEST_F(TrashTest, LinksAreRemovedAndNeverFollowed) {
@@ -135,6 +136,13 @@ TEST_F(TrashTest, NotesOfNothingAndWhatOthersLeftBehindGoToo) {
     EXPECT_THAT(In(home), UnorderedElementsAre("files", "info", "expunged"));
 }
 
+TEST_F(TrashTest, WhatOthersLeftBehindAndCanNotGoIsNotPassedOver) {
+    Write(home / "expunged/1234/half removed");
+    Allow(home / "expunged", 0500);
+    EXPECT_FALSE(Empty());
+    Allow(home / "expunged", 0700);
+}
+
 TEST_F(TrashTest, ThePersonsFolderInAStickySharedTrashIsEmptied) {
     const fs::path own = volume / ".Trash" / std::to_string(::geteuid());
     Throw(own, "mine");
@@ -179,26 +187,46 @@ TEST_F(TrashTest, WhatLiesBehindALinkInATrashIsLeftAloneWithItsNotes) {
 
 TEST_F(TrashTest, AFolderOfSomebodyElsesIsNoTrash) {
     Throw(volume_trash, "mine");
-    const std::vector<FileDescriptor> of_another =
-        OpenTrashes({.home = home, .tops = {volume}, .person = ::geteuid() + 1});
-    EXPECT_TRUE(of_another.empty());
+    const uid_t another = ::geteuid() + 1;
+    fs::rename(volume_trash, volume / (".Trash-" + std::to_string(another)));
+    EmptyTrashes({.home = home, .tops = {volume}, .person = another}, emptying);
+    EXPECT_EQ(emptying.things, 0);
 }
 
 TEST_F(TrashTest, AVolumeThatIsMountedTwiceHasOneTrash) {
     Throw(volume_trash, "mine");
-    const auto trashes =
-        OpenTrashes({.home = volume_trash, .tops = {volume, volume}, .person = ::geteuid()});
-    EXPECT_EQ(trashes.size(), 1U);
+    Allow(volume_trash / "files", 0500);
+    EXPECT_FALSE(Empty({volume, volume}));
+    EXPECT_EQ(emptying.things, 1);
+    Allow(volume_trash / "files", 0700);
+}
+
+TEST_F(TrashTest, AVolumeIsOnlyLookedAtWhenThePlacesBeforeItAreDone) {
+    const fs::path within = home / "files/thrown away";
+    Throw(within / volume_trash.filename(), "letter.txt");
+    EXPECT_TRUE(Empty({within}));
+    EXPECT_EQ(emptying.things, 1);
 }
 
 TEST_F(TrashTest, InAReadOnlyTrashThingsStayWithTheirNotes) {
     Throw(home, "letter.txt");
     Allow(home / "files", 0500);
-    Empty();
+    EXPECT_FALSE(Empty());
     EXPECT_THAT(In(home / "files"), ElementsAre("letter.txt"));
     EXPECT_THAT(In(home / "info"), ElementsAre("letter.txt.trashinfo"));
-    EXPECT_FALSE(AreEmpty(Trashes()));
     Allow(home / "files", 0700);
+}
+
+TEST_F(TrashTest, AFolderThatCanNotBeMovedAsideStaysWholeWithItsNote) {
+    Write(home / "files/project/source");
+    Note(home, "project");
+    Throw(home, "letter.txt");
+    Allow(home, 0500);
+    EXPECT_FALSE(Empty());
+    EXPECT_THAT(In(home / "files"), ElementsAre("project"));
+    EXPECT_THAT(In(home / "files/project"), ElementsAre("source"));
+    EXPECT_THAT(In(home / "info"), ElementsAre("project.trashinfo"));
+    Allow(home, 0700);
 }
 
 TEST_F(TrashTest, WhatCanNotGoStaysWithItsNoteAndTheRestGoes) {
@@ -211,6 +239,7 @@ TEST_F(TrashTest, WhatCanNotGoStaysWithItsNoteAndTheRestGoes) {
     EXPECT_THAT(In(home / "files"), ElementsAre("mixed"));
     EXPECT_THAT(In(home / "files/mixed"), ElementsAre("foreign"));
     EXPECT_THAT(In(home / "info"), ElementsAre("mixed.trashinfo"));
+    EXPECT_THAT(In(home / "expunged"), IsEmpty());
     nobody.AsSuperuser([&] { fs::remove_all(home / "files/mixed/foreign"); });
 }
 
@@ -226,9 +255,8 @@ TEST_F(TrashTest, CancelledBeforeItBeginsItLeavesAll) {
 
 TEST_F(TrashTest, NoTrashAtAllIsNothingToDo) {
     fs::remove_all(home);
-    Empty();
+    EXPECT_TRUE(Empty());
     EXPECT_EQ(emptying.files_removed, 0);
-    EXPECT_TRUE(AreEmpty(Trashes()));
 }
 
 TEST_F(TrashTest, AnotherFileSystemInATrashedFolderIsNotEntered) {
@@ -286,6 +314,65 @@ TEST_F(FolderRemovalTest, DoesNotFollowAFolderThatSomebodyMovesAway) {
     });
     EXPECT_FALSE(RemoveTree(top.number(), "a", move));
     EXPECT_THAT(In(folder / "outside"), UnorderedElementsAre("precious", "b"));
+}
+
+/// A trash with a folder of three files.
+class ExpungingTest : public TrashTest {
+protected:
+    ExpungingTest() {
+        for (const char* file : {"1", "2", "3"}) Write(thing / file);
+        fs::create_directories(folder / "desk");
+    }
+    bool ExpungeThing(RemovalWatcher& watcher) {
+        const FileDescriptor trash(::open(home.c_str(), O_RDONLY | O_DIRECTORY));
+        const FileDescriptor files(::open((home / "files").c_str(), O_RDONLY | O_DIRECTORY));
+        return Expunge(trash.number(), files.number(), "project", watcher);
+    }
+
+    fs::path thing = home / "files/project";
+};
+
+TEST_F(ExpungingTest, WhoTakesAThingOutOnceItIsGoingGetsNothingOfIt) {
+    std::error_code refused;
+    Meddler restore([&] {
+        fs::rename(thing, folder / "desk/project", refused);
+        return true;
+    });
+    EXPECT_TRUE(ExpungeThing(restore));
+    EXPECT_EQ(refused, std::errc::no_such_file_or_directory);
+    EXPECT_THAT(In(folder / "desk"), IsEmpty());
+    EXPECT_THAT(In(home / "expunged"), IsEmpty());
+}
+
+TEST_F(ExpungingTest, WhoTakesAThingOutBeforeItGoesHasAllOfIt) {
+    fs::rename(thing, folder / "desk/project");
+    Meddler nobody_else([] { return true; });
+    EXPECT_FALSE(ExpungeThing(nobody_else));
+    EXPECT_THAT(In(folder / "desk/project"), UnorderedElementsAre("1", "2", "3"));
+}
+
+TEST_F(ExpungingTest, WhatIsThrownAwayMeanwhileUnderTheSameNameIsLeftAlone) {
+    Meddler throw_away([&] {
+        Write(thing / "new");
+        return false;
+    });
+    EXPECT_FALSE(ExpungeThing(throw_away));
+    EXPECT_THAT(In(thing), ElementsAre("new"));
+}
+
+TEST_F(ExpungingTest, WhatIsLeftWhenStoppedComesBack) {
+    Meddler stop([] { return false; });
+    EXPECT_FALSE(ExpungeThing(stop));
+    EXPECT_EQ(In(thing).size(), 2U);
+    EXPECT_THAT(In(home / "expunged"), IsEmpty());
+}
+
+TEST_F(ExpungingTest, NothingThatLiesAsideAlreadyIsReplaced) {
+    const fs::path aside = home / "expunged" / (std::to_string(::getpid()) + "-1");
+    Write(aside);
+    Meddler nobody_else([] { return true; });
+    EXPECT_TRUE(ExpungeThing(nobody_else));
+    EXPECT_TRUE(fs::exists(aside));
 }
 
 }  // namespace
