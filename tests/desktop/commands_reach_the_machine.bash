@@ -47,7 +47,7 @@ start_and_wait "$1"
 
 "$tools/say-into-mic" dial the internet
 expect "the modem is connected" wait_until 15 words_are "Connection via modem"
-"$tools/say-into-mic" hang up
+"$tools/say-into-mic" hang up the internet
 expect "and no longer" wait_until 15 words_are "Disconnected"
 
 if [[ -z $(other_trash) ]]; then

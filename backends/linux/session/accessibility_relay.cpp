@@ -103,16 +103,22 @@ bool AccessibilityRelay::WaitForKeysOf(pid_t program) {
     if (program == 0 || !Connect(end)) return false;
     const QString name = NameOf(program, end);
     if (name.isEmpty()) return false;
+    // No ping, which a library would answer while the program is still busy.
+    const QDBusMessage question = Question(name, kRoot, kAccessible, "GetRole");
+    const auto ask_program = [&] {
+        if (program == ::getpid())
+            AskOurselves(question, end);
+        else
+            (void)Ask(question, end);
+    };
+    // What a program has to send is sent by another of its threads: behind this answer its
+    // questions about the keys are under way.
+    ask_program();
     // Answers come in the order of the questions: behind this one are those about the keys, ...
     (void)Ask(Question(kRegistry, "/org/a11y/atspi/registry", "org.freedesktop.DBus.Peer", "Ping"),
               end);
-    // ... and behind this one the program has met with them. It is no ping, which a library would
-    // answer while the program is still busy.
-    const QDBusMessage question = Question(name, kRoot, kAccessible, "GetRole");
-    if (program == ::getpid())
-        AskOurselves(question, end);
-    else
-        (void)Ask(question, end);
+    // ... and behind this one the program has met with them.
+    ask_program();
     return true;
 }
 
