@@ -2,6 +2,8 @@
 #include "linux/linux_platform.h"
 
 #include <QApplication>
+#include <QStandardPaths>
+#include <iostream>
 #include <utility>
 
 #include "engine/audio/pulse_capture.h"
@@ -41,6 +43,18 @@ private:
     QApplication application_;
 };
 
+/// Voice and words of the person whose session it is lie among their data.
+SpeechEngineConfig ConfigurationOfPerson() {
+    SpeechEngineConfig config;
+    config.user_folder =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString() +
+        "/corvane";
+    config.complain = [](const std::string& line) {
+        std::cerr << "KT Corvane: " << line << '\n' << std::flush;
+    };
+    return config;
+}
+
 }  // namespace
 
 struct LinuxPlatform::World {
@@ -48,7 +62,7 @@ struct LinuxPlatform::World {
         : qt(argc, argv),
           runtime(std::make_unique<X11Keys>([this] { messages.DoEvents(); })),
           speech(
-              SpeechEngineConfig(),
+              ConfigurationOfPerson(),
               [this](std::function<void()> message) { messages.Post(std::move(message)); },
               std::make_unique<engine::PulseCapture>("KT Corvane")) {}
 

@@ -28,9 +28,8 @@ Cepstra MakeCepstra(std::int32_t frames, int size) {
 bool HasTheStreams(feat_t* features) {
     if (feat_dimension1(features) != static_cast<int>(kStreams)) return false;
     const auto* lengths = feat_stream_lengths(features);
-    return std::all_of(lengths, lengths + kStreams, [](auto length) {
-        return static_cast<std::size_t>(length) == kStreamSize;
-    });
+    return std::all_of(lengths, lengths + kStreams,
+                       [](auto length) { return static_cast<std::size_t>(length) == kStreamSize; });
 }
 
 }  // namespace

@@ -94,7 +94,8 @@ bool GaussianModel::ReadGaussians(const std::string& acoustic_model) {
 }
 
 bool GaussianModel::ReadWeights(const std::string& acoustic_model) {
-    const auto bytes = ReadSenoneWeights(acoustic_model + "/sendump", kStreams, kDensities, senones_);
+    const auto bytes =
+        ReadSenoneWeights(acoustic_model + "/sendump", kStreams, kDensities, senones_);
     if (!bytes) return false;
     // The file has one Gaussian of all senones after the other.
     weights_.resize(bytes->size());
@@ -170,8 +171,7 @@ SenoneScores GaussianModel::Score(std::span<const FeatureFrame> frames) const {
 void GaussianModel::ScoreFrame(const FeatureFrame& frame, std::span<std::int16_t> costs) const {
     std::vector<Best> best(codebooks_.size());
     for (std::size_t part = 0; part < codebooks_.size(); ++part)
-        best[part] =
-            BestOf(LogDensities(part / kStreams, part % kStreams, frame[part % kStreams]));
+        best[part] = BestOf(LogDensities(part / kStreams, part % kStreams, frame[part % kStreams]));
 
     const auto& table = WeightTable();
     std::vector<float> logs(senones_);

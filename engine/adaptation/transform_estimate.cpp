@@ -60,8 +60,8 @@ void VoiceStatistics::Add(std::span<const FeatureFrame> frames, std::span<const 
             GaussianModel::Weights shares = model.LogDensities(codebook, stream, feature);
             const float most = std::ranges::max(shares);
             for (std::size_t density = 0; density < shares.size(); ++density)
-                shares[density] = std::exp(shares[density] - most) *
-                                  model.Weight(one.senone, stream, density);
+                shares[density] =
+                    std::exp(shares[density] - most) * model.Weight(one.senone, stream, density);
             const float all = std::accumulate(shares.begin(), shares.end(), 0.0F);
             if (!(all > 0.0F)) continue;
             Heard* heard = &heard_[(codebook * kStreams + stream) * GaussianModel::kDensities];

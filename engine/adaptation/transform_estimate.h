@@ -17,10 +17,11 @@ struct SaidSenone {
     std::uint16_t senone = 0;
 };
 
-/// What was heard of one person's sounds, Gaussian by Gaussian, and the transform that fits it best:
-/// maximum likelihood linear regression of the means, after C. J. Leggetter and P. C. Woodland,
-/// "Maximum likelihood linear regression for speaker adaptation of continuous density hidden Markov
-/// models", Computer Speech and Language 9 (1995), one class of sounds, full matrices a stream.
+/// What was heard of one person's sounds, Gaussian by Gaussian, and the transform that fits it
+/// best: maximum likelihood linear regression of the means, after C. J. Leggetter and P. C.
+/// Woodland, "Maximum likelihood linear regression for speaker adaptation of continuous density
+/// hidden Markov models", Computer Speech and Language 9 (1995), one class of sounds, full matrices
+/// a stream.
 class VoiceStatistics {
 public:
     explicit VoiceStatistics(const GaussianModel& model);

@@ -89,12 +89,15 @@ struct VoiceTraining::Heard {
     double below_loop = 0.0;  ///< mean over its frames, see TrainingResult
 };
 
-VoiceTraining::VoiceTraining(const std::string& acoustic_model, const std::string& dictionary)
+VoiceTraining::VoiceTraining(const std::string& acoustic_model, const std::string& dictionary,
+                             const std::map<std::string, std::vector<std::string>>& user_words)
     : definition_(DefinitionOf(acoustic_model)),
       model_(GaussiansOf(acoustic_model, definition_)),
       features_(acoustic_model),
       decoder_(acoustic_model),
-      lexicon_(Dictionary(dictionary)) {}
+      lexicon_(Dictionary(dictionary)) {
+    lexicon_.SetUserWords(user_words);
+}
 
 ReadingVerdict VoiceTraining::Read(const std::string& sentence,
                                    std::span<const std::int16_t> sound) {

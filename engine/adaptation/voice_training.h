@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -19,17 +20,17 @@ namespace corvane::engine {
 
 /// Whether somebody read what was to be read.
 enum class ReadingVerdict : std::uint8_t {
-    good,       ///< it is kept for the training
-    other,      ///< something else, or not all of it, was said
-    nothing,    ///< no sound that could be words
-    no_words,   ///< the sentence has no word that can be said
+    good,      ///< it is kept for the training
+    other,     ///< something else, or not all of it, was said
+    nothing,   ///< there was no sound
+    no_words,  ///< the sentence has no word that can be said
 };
 
 /// What a training has come to.
 struct TrainingResult {
     /// How far the sentences stand out of any string of phones, mean over their frames, in the
-    /// decoder's unit by a hundred, 0 at best: as the model hears this voice, and as it would with a
-    /// transform made of other sentences of it.
+    /// decoder's unit by a hundred, 0 at best: as the model hears this voice, and as it would with
+    /// a transform made of other sentences of it.
     double before = 0.0;
     double after = 0.0;
     /// Made of all sentences; nothing if on sentences held back it does not help.
@@ -46,7 +47,8 @@ public:
 
     /// Raises kAutomationError when the model can't be read, or is not of the kind that can be
     /// trained.
-    VoiceTraining(const std::string& acoustic_model, const std::string& dictionary);
+    VoiceTraining(const std::string& acoustic_model, const std::string& dictionary,
+                  const std::map<std::string, std::vector<std::string>>& user_words = {});
 
     /// sound: 16 kHz, with stillness around the words.
     [[nodiscard]] ReadingVerdict Read(const std::string& sentence,

@@ -11,6 +11,8 @@
 namespace corvane::engine {
 namespace {
 
+constexpr const char* kPersonalSearch = "personal";
+
 cmd_ln_t* MakeConfiguration(const DictationModel& model) {
     // One pass with few words and states kept open: as exact as the library's three passes on what
     // was measured, in two thirds of the time. Silence is left in: the endpointer has cut it
@@ -48,6 +50,14 @@ DictationDecoder::DictationDecoder(const DictationModel& model) {
     if (!decoder_)
         throw RuntimeError(kAutomationError, "Dictation can't be loaded from " +
                                                  model.language_model + " and " + model.dictionary);
+    // It would still write something without.
+    if (model.voice) (void)UseTransform(*decoder_, *model.voice);
+    if (model.personal.Empty()) return;
+    ngram_model_t* const general = ps_get_lm(decoder_.get(), ps_get_search(decoder_.get()));
+    const Ngrams mixed =
+        Personalised(Ngrams(ngram_model_retain(general)), model.personal, *decoder_);
+    if (ps_set_lm(decoder_.get(), kPersonalSearch, mixed.get()) == 0)
+        ps_set_search(decoder_.get(), kPersonalSearch);
 }
 
 DictationDecoder::~DictationDecoder() {

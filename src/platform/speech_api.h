@@ -119,8 +119,8 @@ public:
     /// Rules of the loaded grammar; none before a load.
     [[nodiscard]] virtual std::shared_ptr<ISpeechGrammarRules> Rules() const = 0;
     /// RuleId 0 stands for all top-level rules that are marked ACTIVE. Raises when there is no rule
-    /// of that Id, and when rules are to be active where there are none at all; to make none of none
-    /// inactive is no error.
+    /// of that Id, and when rules are to be active where there are none at all; to make none of
+    /// none inactive is no error.
     virtual void CmdSetRuleIdState(std::int32_t RuleId, std::int32_t State) = 0;
 
     /// Loads free dictation, of the topic "", the general one; any other raises. It is not active
@@ -183,6 +183,11 @@ public:
     /// arrives, not even what was queued already: an event looks its handler up when it is
     /// dispatched, not when it is posted.
     virtual void Advise(SpeechRecoContextEvents Events) = 0;
+    /// Gives the engine words, or a text of the kind that is going to be dictated: words that it
+    /// does not know get pronunciations, and dictation comes to expect what stands there. Each call
+    /// adds to those before and returns at once; the event Adaptation tells this context when it is
+    /// done, also for an empty text.
+    virtual void SetAdaptationData(const std::string& AdaptationString) = 0;
 };
 
 /// Where a voice's events go. An empty function takes no events. Each arrives when what it tells
