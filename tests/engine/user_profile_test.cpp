@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -101,27 +100,28 @@ TEST_F(UserProfileTest, AChosenPronunciationIsHeardAtOnceAndNoOther) {
     EXPECT_EQ(testing::Told(listening.recognised[0]), "play: open xqz");
 }
 
-TEST_F(UserProfileTest, ATrainedVoiceIsUsedByCommandsAtOnce) {
-    if (!testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks in this test, is missing";
+/// Whether the one command there is, said as the model's voices say it, is carried out.
+bool IsCarriedOut(Room& room) {
     const TemporaryFile grammar(GrammarOf(RuleOf("play", "open the music")));
+    const Listening listening(*room.engine, grammar.Path());
+    room.HearToTheEnd(Say("open the music"));
+    return listening.recognised.size() == 1 &&
+           listening.recognised[0]->PhraseInfo()->Rule()->Confidence() == SECHighConfidence;
+}
+
+TEST_F(UserProfileTest, ATrainedVoiceIsExpectedOfCommandsUntilItIsUndone) {
+    if (!testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks in this test, is missing";
     // A voice so far away that nobody has it: who speaks as the model does is not understood.
     SpeakerTransform far = SpeakerTransform::Identity();
     for (std::size_t i = 0; i < kStreamSize; ++i) far.streams[0].a[i][i] = -1.0F;
     OwnRoom room(config);
-    const Listening listening(*room.engine, grammar.Path());
     room.engine->Profile()->KeepVoice(far);
-    room.microphone.Hear(
-        testing::Joined(Say("open the music"), testing::Stillness(std::chrono::seconds(2))));
-    room.microphone.WaitUntilRead();
-    room.messages.Run();
-    for (const auto& result : listening.recognised)
-        EXPECT_NE(result->PhraseInfo()->Rule()->Confidence(), SECHighConfidence);
+    EXPECT_FALSE(IsCarriedOut(room));
 
-    const std::size_t before = listening.recognised.size();
-    room.engine->Profile()->UndoVoice();
-    room.HearToTheEnd(Say("open the music"));
-    ASSERT_EQ(listening.recognised.size(), before + 1);
-    EXPECT_EQ(listening.recognised.back()->PhraseInfo()->Rule()->Confidence(), SECHighConfidence);
+    OwnRoom later(config);
+    const auto context = later.engine->CreateSpSharedRecoContext();
+    later.engine->Profile()->UndoVoice();
+    EXPECT_TRUE(IsCarriedOut(later));
 }
 
 /// A context that dictates and keeps what it is told.
