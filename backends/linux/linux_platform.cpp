@@ -43,7 +43,7 @@ private:
     QApplication application_;
 };
 
-/// Voice and words of the person whose session it is lie among their data.
+/// Voice and words of whoever runs the program lie among their data.
 SpeechEngineConfig ConfigurationOfPerson() {
     SpeechEngineConfig config;
     config.user_folder =

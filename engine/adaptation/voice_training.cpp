@@ -16,7 +16,7 @@ namespace {
 // As in the other scores of a path.
 constexpr double kScoreUnit = 100.0;
 
-// Each sentence is judged by what was learnt from the other parts of the session.
+// Each sentence is judged by what was learnt from the other parts.
 constexpr std::size_t kParts = 4;
 
 // Two seconds of the model's own voices, which weigh little beside a minute of reading and hold a
