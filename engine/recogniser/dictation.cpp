@@ -109,6 +109,26 @@ void Dictation::Want(bool wanted) {
     changed_.notify_all();
 }
 
+void Dictation::Use(DictationModel model, std::function<void()> taken) {
+    {
+        std::unique_lock lock(mutex_);
+        model_ = std::move(model);
+        stale_ = true;
+        failed_ = false;
+        if (taken) taken_.push_back(std::move(taken));
+        // Where nothing is loaded there is nothing to wait for.
+        if (!wanted_) TellTaken(lock);
+    }
+    changed_.notify_all();
+}
+
+void Dictation::TellTaken(std::unique_lock<std::mutex>& lock) {
+    const auto taken = std::exchange(taken_, {});
+    lock.unlock();
+    for (const auto& tell : taken) tell();
+    lock.lock();
+}
+
 void Dictation::Begin(std::weak_ptr<ResultTarget> target, std::int64_t begin,
                       std::span<const std::int16_t> sound, bool suppose) {
     Drop();
@@ -180,7 +200,7 @@ void Dictation::TakeFirst() {
 }
 
 Dictation::Task Dictation::NextTask() const {
-    if (!wanted_ && decoder_) return Task::unload;
+    if ((!wanted_ || stale_) && decoder_) return Task::unload;
     if (wanted_ && !decoder_ && !failed_) return Task::load;
     if (queue_.empty()) return Task::none;
     const Utterance& first = *queue_.front();
@@ -224,16 +244,19 @@ void Dictation::Run() {
 }
 
 void Dictation::Load(std::unique_lock<std::mutex>& lock) {
+    const DictationModel model = model_;
+    stale_ = false;
     lock.unlock();
     bool loaded = true;
     try {
-        decoder_ = std::make_unique<DictationDecoder>(model_);
+        decoder_ = std::make_unique<DictationDecoder>(model);
     } catch (const RuntimeError&) {
         // The files are there, but are no model. Whoever dictates is heard by the commands alone.
         loaded = false;
     }
     lock.lock();
-    failed_ = !loaded && wanted_;
+    failed_ = !loaded && wanted_ && !stale_;
+    if (!stale_) TellTaken(lock);
     followed_ = supposed_at_ = 0;
     changed_.notify_all();
 }
@@ -241,6 +264,9 @@ void Dictation::Load(std::unique_lock<std::mutex>& lock) {
 void Dictation::Unload(std::unique_lock<std::mutex>& lock) {
     lock.unlock();
     decoder_.reset();
+    lock.lock();
+    if (!wanted_) TellTaken(lock);
+    lock.unlock();
 #ifdef __GLIBC__
     // Half of it is small pieces, which the allocator would keep.
     malloc_trim(0);
