@@ -96,14 +96,17 @@ Dictation::~Dictation() {
 
 void Dictation::Want(bool wanted) {
     {
-        const std::lock_guard lock(mutex_);
+        std::unique_lock lock(mutex_);
         if (wanted == wanted_) return;
         wanted_ = wanted;
         failed_ = false;
         anew_ = anew_ || wanted;
         // What is heard now goes on, in case that dictation comes back before it is over.
-        if (!wanted)
+        if (!wanted) {
             std::erase_if(queue_, [](const auto& said) { return said->ending.has_value(); });
+            // The next to be loaded is the model of these, whenever that is.
+            TellTaken(lock);
+        }
     }
     if (wanted && !thread_.joinable()) thread_ = std::thread([this] { Run(); });
     changed_.notify_all();
@@ -264,9 +267,6 @@ void Dictation::Load(std::unique_lock<std::mutex>& lock) {
 void Dictation::Unload(std::unique_lock<std::mutex>& lock) {
     lock.unlock();
     decoder_.reset();
-    lock.lock();
-    if (!wanted_) TellTaken(lock);
-    lock.unlock();
 #ifdef __GLIBC__
     // Half of it is small pieces, which the allocator would keep.
     malloc_trim(0);
