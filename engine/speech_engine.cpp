@@ -5,6 +5,7 @@
 
 #include "engine/recogniser/reco_context.h"
 #include "engine/recogniser/recogniser.h"
+#include "engine/user_profile.h"
 #include "engine/voice/voice.h"
 
 namespace corvane {
@@ -29,9 +30,21 @@ std::shared_ptr<ISpeechRecoContext> SpeechEngine::CreateSpSharedRecoContext() {
         recogniser_ = std::make_shared<engine::Recogniser>(
             engine::DictationModel{.acoustic_model = config_.acoustic_model,
                                    .dictionary = config_.dictionary,
-                                   .language_model = config_.language_model},
-            *source_, post_, config_.unmatched);
+                                   .language_model = config_.language_model,
+                                   .voice = {},
+                                   .personal = {}},
+            *source_, post_, config_.unmatched, Profile(), config_.dialogs);
     return engine::RecoContext::Create(recogniser_);
+}
+
+std::shared_ptr<engine::UserProfile> SpeechEngine::Profile() {
+    if (!profile_)
+        profile_ = std::make_shared<engine::UserProfile>(
+            engine::UserProfile::Places{.folder = config_.user_folder,
+                                        .acoustic_model = config_.acoustic_model,
+                                        .dictionary = config_.dictionary},
+            config_.complain);
+    return profile_;
 }
 
 std::shared_ptr<ISpeechVoice> SpeechEngine::CreateSpVoice() {

@@ -7,12 +7,14 @@
 #include <vector>
 
 #include "engine/audio/audio_source.h"
+#include "engine/engine_dialogs.h"
 #include "platform/speech_api.h"
 
 namespace corvane {
 
 namespace engine {
 class Recogniser;
+class UserProfile;
 class Voice;
 struct RecognisedPhrase;
 }  // namespace engine
@@ -25,6 +27,14 @@ struct SpeechEngineConfig {
     std::string dictionary;      ///< words and their phones, in the dictionary format of that model
     std::string language_model;  ///< n-grams of the dictionary's words, for dictation
     std::string client_name = "KT Corvane";  ///< what the user's sound settings call the voice
+
+    /// Where the voice and the words of whoever speaks are kept; made when there is something to
+    /// keep. Empty: they are forgotten with the engine.
+    std::string user_folder;
+    /// Told a line for people of what can't be used of that folder; may be empty.
+    std::function<void(const std::string&)> complain;
+    /// For DisplayUI, which without raises.
+    std::shared_ptr<EngineDialogs> dialogs;
 
     /// Told of speech in which nothing was heard, as a message like an event: a phrase without
     /// words, or with those of a reading so unlikely that nobody else is told of it. For tools; may
@@ -63,10 +73,14 @@ public:
     /// since a microphone has no end. Returns at once when nothing listens.
     void WaitForEndOfStream();
 
+    /// Voice and words of whoever speaks; the same for as long as the engine is there.
+    [[nodiscard]] std::shared_ptr<engine::UserProfile> Profile();
+
 private:
     SpeechEngineConfig config_;
     Post post_;
     std::unique_ptr<engine::AudioSource> source_;
+    std::shared_ptr<engine::UserProfile> profile_;
     std::shared_ptr<engine::Recogniser> recogniser_;
     std::vector<std::weak_ptr<engine::Voice>> voices_;
 };

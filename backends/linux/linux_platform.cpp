@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <QDBusConnection>
+#include <QStandardPaths>
+#include <iostream>
 #include <utility>
 
 #include "engine/audio/pulse_capture.h"
@@ -48,6 +50,18 @@ private:
     QApplication application_;
 };
 
+/// Voice and words of whoever runs the program lie among their data.
+SpeechEngineConfig ConfigurationOfPerson() {
+    SpeechEngineConfig config;
+    config.user_folder =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString() +
+        "/corvane";
+    config.complain = [](const std::string& line) {
+        std::cerr << "KT Corvane: " << line << '\n' << std::flush;
+    };
+    return config;
+}
+
 }  // namespace
 
 struct LinuxPlatform::World {
@@ -57,7 +71,7 @@ struct LinuxPlatform::World {
               [this] { messages.DoEvents(); },
               [this](pid_t program) { return relay.WaitForKeysOf(program); })),
           speech(
-              SpeechEngineConfig(),
+              ConfigurationOfPerson(),
               [this](std::function<void()> message) { messages.Post(std::move(message)); },
               std::make_unique<engine::PulseCapture>("KT Corvane")) {}
 

@@ -205,6 +205,11 @@ void SimulatedContext::Advise(SpeechRecoContextEvents Events) {
     events_ = std::move(Events);
 }
 
+// It is taken in when the test says so, see SimulatedSpeech::Adapted.
+void SimulatedContext::SetAdaptationData(const std::string& AdaptationString) {
+    record_.Call("SetAdaptationData", "\"" + AdaptationString + "\"");
+}
+
 std::string SimulatedContext::RuleFor(const std::string& phrase) const {
     for (const auto& grammar : grammars_) {
         const auto loaded = grammar.lock();

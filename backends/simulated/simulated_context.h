@@ -29,6 +29,7 @@ public:
     std::int32_t EventInterests() const override;
     void SetEventInterests(std::int32_t Mask) override;
     void Advise(SpeechRecoContextEvents Events) override;
+    void SetAdaptationData(const std::string& AdaptationString) override;
 
     /// Name of the active rule that accepts the phrase; empty if there is none.
     [[nodiscard]] std::string RuleFor(const std::string& phrase) const;

@@ -22,7 +22,7 @@ class SimulatedContext;
 /// The sound begins with the first context. Operations that can be told to fail: CreateSpVoice,
 /// CreateSpSharedRecoContext, CreateGrammar, CmdLoadFromFile, Rules, Count, Item, Id,
 /// CmdSetRuleIdState, DictationLoad, DictationSetState, DictationUnload, Recognizer, DisplayUI,
-/// rc.EventInterests, voice.EventInterests, GetText, Rule.Name, Rule.Confidence,
+/// SetAdaptationData, rc.EventInterests, voice.EventInterests, GetText, Rule.Name, Rule.Confidence,
 /// DiscardResultInfo.
 class SimulatedSpeech final : public ISpeechApi {
 public:

@@ -82,7 +82,14 @@ void AddNew(std::vector<std::string>& ways, const std::string& way) {
 Lexicon::Lexicon(Dictionary dictionary) : dictionary_(std::move(dictionary)) {}
 
 void Lexicon::Learn(const Grammar& grammar) {
-    std::set<std::string> unknown = WordsOf(grammar);
+    Learn(WordsOf(grammar));
+}
+
+void Lexicon::Learn(const Phrase& words) {
+    Learn(std::set<std::string>(words.begin(), words.end()));
+}
+
+void Lexicon::Learn(std::set<std::string> unknown) {
     std::erase_if(unknown, [this](const std::string& word) { return known_.contains(word); });
     if (unknown.empty()) return;
 
@@ -110,6 +117,12 @@ std::vector<std::string> Lexicon::WaysToSay(const std::string& word,
     return ways;
 }
 
+void Lexicon::SetUserWords(const std::map<std::string, std::vector<std::string>>& words) {
+    user_words_.clear();
+    for (const auto& [word, ways] : words)
+        for (const std::string& phones : ways) AddNew(user_words_[Folded(word)], phones);
+}
+
 /// Nothing when one of the words has no sound.
 std::string Lexicon::PhonesOf(const SpokenForm& form, const Entries& entries) {
     std::string phones;
@@ -126,6 +139,9 @@ std::string Lexicon::PhonesOf(const SpokenForm& form, const Entries& entries) {
 }
 
 const std::vector<std::string>& Lexicon::Pronunciations(const std::string& word) const {
+    if (!user_words_.empty())
+        if (const auto own = user_words_.find(Folded(word)); own != user_words_.end())
+            return own->second;
     return known_.at(word);
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,12 +26,20 @@ public:
     /// Makes the words of the grammar known, but for those of phrases longer than kLongestPhrase.
     void Learn(const Grammar& grammar);
 
+    /// Makes these words known.
+    void Learn(const Phrase& words);
+
+    /// From now on these words, in whatever case, are said so and no otherwise, whatever was learnt
+    /// of them; in place of earlier ones.
+    void SetUserWords(const std::map<std::string, std::vector<std::string>>& words);
+
     /// Ways to say a word that was learnt, each a line of phones; empty when it has no sound.
     [[nodiscard]] const std::vector<std::string>& Pronunciations(const std::string& word) const;
 
 private:
     using Entries = std::map<std::string, std::vector<std::string>>;
 
+    void Learn(std::set<std::string> words);
     static std::vector<std::string> WaysToSay(const std::string& word,
                                               const std::vector<SpokenForm>& forms,
                                               const Entries& entries);
@@ -38,6 +47,7 @@ private:
 
     Dictionary dictionary_;
     Entries known_;
+    Entries user_words_;
 };
 
 }  // namespace corvane::engine

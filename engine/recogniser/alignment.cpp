@@ -113,12 +113,14 @@ std::optional<std::vector<AlignedPhone>> Align(const std::vector<PathSegment>& s
         if (!way) return std::nullopt;
         const std::size_t before_word = aligned.size();
         for (const std::size_t phone : phones[i])
-            aligned.push_back({.phone = phone, .word = word, .first_frame = 0, .states = {}});
+            aligned.push_back(
+                {.phone = phone, .word = word, .first_frame = 0, .states = {}, .senones = {}});
         for (std::size_t frame = 0; frame < frames; ++frame) {
             const std::size_t state = (*way)[frame];
             AlignedPhone& phone = aligned[before_word + state / ModelDefinition::kStates];
             if (phone.states.empty()) phone.first_frame = first + frame;
             phone.states.push_back(static_cast<std::uint8_t>(state % ModelDefinition::kStates));
+            phone.senones.push_back(senones[state]);
             phone.score -= scores.Frame(first + frame)[senones[state]];
         }
         ++word;

@@ -16,8 +16,9 @@ struct AlignedPhone {
     std::size_t phone = 0;
     std::size_t word = 0;  ///< how many words of the path come before its own
     std::size_t first_frame = 0;
-    std::vector<std::uint8_t> states;  ///< 0 to 2, one for each of its frames
-    double score = 0.0;                ///< sum over its frames, in the unit of the senones
+    std::vector<std::uint8_t> states;    ///< 0 to 2, one for each of its frames
+    std::vector<std::uint16_t> senones;  ///< one for each of its frames
+    double score = 0.0;                  ///< sum over its frames, in the unit of the senones
 };
 
 /// Finds the phones of a path's words, each word's inside its own frames, by the triphones'

@@ -27,6 +27,8 @@ public:
     virtual void HeardLevel(std::int64_t position, std::int32_t level) = 0;
     /// interference: a SpeechInterference.
     virtual void HeardInterference(std::int64_t position, std::int32_t interference) = 0;
+    /// What it gave to adapt to has been taken in.
+    virtual void Adapted() = 0;
 };
 
 /// All contexts of the recogniser. For the loop's thread.

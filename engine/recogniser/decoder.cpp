@@ -76,14 +76,26 @@ void Decoder::Load() {
     if (log_) cmd_ln_set_str_r(configuration, "-senlogdir", log_->Folder().c_str());
     decoder_.reset(ps_init(configuration));
     cmd_ln_free_r(configuration);
+    if (decoder_ && voice_) (void)UseTransform(*decoder_, *voice_);
+}
+
+// A decoder that can't take the voice goes on with the one it has, which is better than none.
+void Decoder::SetVoice(std::shared_ptr<const SpeakerTransform> voice) {
+    if (voice == voice_) return;
+    EndLive();
+    voice_ = std::move(voice);
+    if (decoder_) (void)UseTransform(*decoder_, voice_ ? *voice_ : SpeakerTransform::Identity());
 }
 
 // The decoder knows words by numbers, "spelling@use", so that no spelling can clash with the
 // notation of its dictionary, and one spelling stays apart in two rules. A graph that differs a
 // little from the last one has little to teach.
 std::string Decoder::Teach(const WordGraph::Word& word, int use) {
+    // Said otherwise than before, as by a new choice of the user, it is another word.
+    std::string key = word.spelling;
+    for (const std::string& phones : word.pronunciations) key += "\n" + phones;
     const int number =
-        spellings_.try_emplace(word.spelling, static_cast<int>(spellings_.size())).first->second;
+        spellings_.try_emplace(key, static_cast<int>(spellings_.size())).first->second;
     std::string name = std::to_string(number) + "@" + std::to_string(use);
     if (!taught_.insert(name).second) return name;
     int way = 1;

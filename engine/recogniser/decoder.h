@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/adaptation/speaker_transform.h"
 #include "engine/grammar/word_graph.h"
 #include "engine/recogniser/model_definition.h"
 #include "engine/recogniser/phrase_rivals.h"
@@ -65,6 +66,9 @@ public:
     Decoder(const Decoder&) = delete;
     Decoder& operator=(const Decoder&) = delete;
 
+    /// From now on this voice is expected; empty: one of the model's. Breaks off a live utterance.
+    void SetVoice(std::shared_ptr<const SpeakerTransform> voice);
+
     /// From now on this graph is searched. Breaks off a live utterance.
     void SetGraph(const WordGraph& graph);
 
@@ -93,9 +97,10 @@ private:
     std::optional<ModelDefinition> definition_;
     std::optional<SenoneLog> log_;  ///< empty where there can be none
     std::unique_ptr<ps_decoder_s, FreeDecoder> decoder_;
+    std::shared_ptr<const SpeakerTransform> voice_;
     WordGraph graph_;
     std::optional<PhraseRivals> rivals_;    ///< of the graph, where there is a log
-    std::map<std::string, int> spellings_;  ///< number of each spelling ever taught
+    std::map<std::string, int> spellings_;  ///< number of each spelling and its ways ever taught
     std::set<std::string> taught_;
     std::map<std::string, int> graph_words_;  ///< the decoder's word to the graph's index
     bool searchable_ = false;

@@ -96,17 +96,40 @@ Dictation::~Dictation() {
 
 void Dictation::Want(bool wanted) {
     {
-        const std::lock_guard lock(mutex_);
+        std::unique_lock lock(mutex_);
         if (wanted == wanted_) return;
         wanted_ = wanted;
         failed_ = false;
         anew_ = anew_ || wanted;
         // What is heard now goes on, in case that dictation comes back before it is over.
-        if (!wanted)
+        if (!wanted) {
             std::erase_if(queue_, [](const auto& said) { return said->ending.has_value(); });
+            // The next to be loaded is the model of these, whenever that is.
+            TellTaken(lock);
+        }
     }
     if (wanted && !thread_.joinable()) thread_ = std::thread([this] { Run(); });
     changed_.notify_all();
+}
+
+void Dictation::Use(DictationModel model, std::function<void()> taken) {
+    {
+        std::unique_lock lock(mutex_);
+        model_ = std::move(model);
+        stale_ = true;
+        failed_ = false;
+        if (taken) taken_.push_back(std::move(taken));
+        // Where nothing is loaded there is nothing to wait for.
+        if (!wanted_) TellTaken(lock);
+    }
+    changed_.notify_all();
+}
+
+void Dictation::TellTaken(std::unique_lock<std::mutex>& lock) {
+    const auto taken = std::exchange(taken_, {});
+    lock.unlock();
+    for (const auto& tell : taken) tell();
+    lock.lock();
 }
 
 void Dictation::Begin(std::weak_ptr<ResultTarget> target, std::int64_t begin,
@@ -180,7 +203,7 @@ void Dictation::TakeFirst() {
 }
 
 Dictation::Task Dictation::NextTask() const {
-    if (!wanted_ && decoder_) return Task::unload;
+    if ((!wanted_ || stale_) && decoder_) return Task::unload;
     if (wanted_ && !decoder_ && !failed_) return Task::load;
     if (queue_.empty()) return Task::none;
     const Utterance& first = *queue_.front();
@@ -224,16 +247,19 @@ void Dictation::Run() {
 }
 
 void Dictation::Load(std::unique_lock<std::mutex>& lock) {
+    const DictationModel model = model_;
+    stale_ = false;
     lock.unlock();
     bool loaded = true;
     try {
-        decoder_ = std::make_unique<DictationDecoder>(model_);
+        decoder_ = std::make_unique<DictationDecoder>(model);
     } catch (const RuntimeError&) {
         // The files are there, but are no model. Whoever dictates is heard by the commands alone.
         loaded = false;
     }
     lock.lock();
-    failed_ = !loaded && wanted_;
+    failed_ = !loaded && wanted_ && !stale_;
+    if (!stale_) TellTaken(lock);
     followed_ = supposed_at_ = 0;
     changed_.notify_all();
 }

@@ -5,6 +5,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -53,6 +54,9 @@ public:
     void CheckModel() const { CheckDictationModel(model_); }
     /// Whether text is wanted: loads what that takes, or gives it back and forgets what was said.
     void Want(bool wanted);
+    /// From now on text is made by this model; what is to be written already is written by either.
+    /// `taken` is called on any thread as soon as it is so.
+    void Use(DictationModel model, std::function<void()> taken);
     /// Waits until all that was to be written is.
     void WaitUntilWritten();
 
@@ -88,13 +92,14 @@ private:
     void TakeFirst();
     [[nodiscard]] Task NextTask() const;
     void Load(std::unique_lock<std::mutex>& lock);
+    void TellTaken(std::unique_lock<std::mutex>& lock);
     void Unload(std::unique_lock<std::mutex>& lock);
     void Follow(std::unique_lock<std::mutex>& lock);
     void WriteFirst(std::unique_lock<std::mutex>& lock);
     void Suppose(const Utterance& utterance);
     [[nodiscard]] std::vector<RecognisedPhrase> Read(const Utterance& utterance);
 
-    DictationModel model_;
+    DictationModel model_;  ///< changed by the loop's thread alone; guarded by mutex_
     const Reporter& reporter_;
 
     std::mutex mutex_;
@@ -102,8 +107,10 @@ private:
     // Guarded by mutex_.
     std::deque<std::shared_ptr<Utterance>> queue_;
     bool wanted_ = false;
-    bool anew_ = false;    ///< the next text is the first
-    bool failed_ = false;  ///< the model could not be loaded
+    bool anew_ = false;                         ///< the next text is the first
+    std::vector<std::function<void()>> taken_;  ///< who is to be told once the model is loaded
+    bool stale_ = false;                        ///< what is loaded is of another model
+    bool failed_ = false;                       ///< the model could not be loaded
     bool stopping_ = false;
 
     std::shared_ptr<Utterance> hearing_;  ///< the listening thread's own

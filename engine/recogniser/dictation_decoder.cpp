@@ -11,6 +11,7 @@
 #include <fstream>
 #include <sstream>
 #include <string_view>
+#include <utility>
 
 #include "engine/recogniser/levelled.h"
 #include "engine/recogniser/spoken_marks.h"
@@ -24,8 +25,6 @@ constexpr const char* kWhole = "whole";
 
 /// The library counts the scores of the n-gram search in units this much smaller.
 constexpr double kScoreUnit = 1024.0;
-
-using LanguageModel = std::unique_ptr<ngram_model_t, int (*)(ngram_model_t*)>;
 
 cmd_ln_t* MakeConfiguration(const DictationModel& model) {
     // Silence is left in: the endpointer has cut it already. No dither, whose random numbers all
@@ -49,10 +48,8 @@ void Narrow(cmd_ln_t* configuration, bool narrow) {
     cmd_ln_set_int_r(configuration, "-maxwpf", narrow ? 10 : 20);
 }
 
-LanguageModel ReadLanguageModel(cmd_ln_t* configuration, const std::string& file,
-                                logmath_t* logarithms) {
-    return {ngram_model_read(configuration, file.c_str(), NGRAM_AUTO, logarithms),
-            ngram_model_free};
+Ngrams ReadLanguageModel(cmd_ln_t* configuration, const std::string& file, logmath_t* logarithms) {
+    return Ngrams(ngram_model_read(configuration, file.c_str(), NGRAM_AUTO, logarithms));
 }
 
 [[noreturn]] void RaiseFor(const std::string& file) {
@@ -120,23 +117,26 @@ DictationDecoder::DictationDecoder(const DictationModel& model) {
         cmd_ln_free_r(configuration);
     }
     if (!decoder_) RaiseFor(model.acoustic_model + " and " + model.dictionary);
-    LoadSearches(model.language_model);
+    // It would still write something without. All searches judge sounds by the same voice.
+    if (model.voice) (void)UseTransform(*decoder_, *model.voice);
+    LoadSearches(model);
 }
 
 DictationDecoder::~DictationDecoder() {
     EndLive();
 }
 
-void DictationDecoder::LoadSearches(const std::string& language_model) {
+void DictationDecoder::LoadSearches(const DictationModel& model) {
     TeachMarks();
     cmd_ln_t* const configuration = ps_get_config(decoder_.get());
-    const LanguageModel ngrams =
-        ReadLanguageModel(configuration, language_model, ps_get_logmath(decoder_.get()));
-    if (!ngrams) RaiseFor(language_model);
+    Ngrams ngrams =
+        ReadLanguageModel(configuration, model.language_model, ps_get_logmath(decoder_.get()));
+    if (!ngrams) RaiseFor(model.language_model);
+    ngrams = Personalised(std::move(ngrams), model.personal, *decoder_);
     ForeseeMarks(ngrams.get(), cmd_ln_float_r(configuration, "-lw"));
     for (const char* search : {kLive, kWhole}) {
         Narrow(configuration, search == kLive);
-        if (ps_set_lm(decoder_.get(), search, ngrams.get()) != 0) RaiseFor(language_model);
+        if (ps_set_lm(decoder_.get(), search, ngrams.get()) != 0) RaiseFor(model.language_model);
     }
 }
 

@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "engine/adaptation/speaker_transform.h"
+#include "engine/lexicon/personal_ngrams.h"
+
 struct ps_decoder_s;
 
 namespace corvane::engine {
@@ -15,7 +18,9 @@ namespace corvane::engine {
 struct DictationModel {
     std::string acoustic_model;  ///< a folder
     std::string dictionary;
-    std::string language_model;  ///< n-grams of the dictionary's words
+    std::string language_model;                       ///< n-grams of the dictionary's words
+    std::shared_ptr<const SpeakerTransform> voice{};  ///< empty: one like the acoustic model's
+    PersonalText personal{};  ///< words and sentences of the user's, beside everybody's
 };
 
 /// Raises kAutomationError when something of the model can't be read, or its n-grams are none.
@@ -59,7 +64,7 @@ public:
     [[nodiscard]] DictatedText Decode(std::span<const std::int16_t> utterance);
 
 private:
-    void LoadSearches(const std::string& language_model);
+    void LoadSearches(const DictationModel& model);
     void TeachMarks();
     [[nodiscard]] bool StartUtterance(const char* search);
     [[nodiscard]] DictatedText CurrentText();

@@ -124,6 +124,7 @@ void Listener::AwaitVocabulary() {
 
 void Listener::UseVocabulary(std::shared_ptr<const Vocabulary> vocabulary) {
     vocabulary_ = std::move(vocabulary);
+    decoder_->SetVoice(vocabulary_->voice);
     decoder_->SetGraph(vocabulary_->graph);
     supposing_ = false;
     foreseen_.reset();

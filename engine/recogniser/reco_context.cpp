@@ -18,10 +18,18 @@ constexpr std::chrono::milliseconds kPatience{500};
 /// The recogniser as the contexts' users see it.
 class SharedRecognizer final : public ISpeechRecognizer {
 public:
-    void DisplayUI(std::uint32_t /*hWndParent*/, const std::string& /*Title*/,
-                   const std::string& TypeOfUI, const std::string& /*ExtraData*/) override {
-        throw RuntimeError(kAutomationError, "This engine does not offer " + TypeOfUI);
+    explicit SharedRecognizer(std::shared_ptr<Recogniser> recogniser)
+        : recogniser_(std::move(recogniser)) {}
+
+    void DisplayUI(std::uint32_t hWndParent, const std::string& Title, const std::string& TypeOfUI,
+                   const std::string& ExtraData) override {
+        // A copy: messages run while a dialog is open, and one may release this.
+        const std::shared_ptr<Recogniser> recogniser = recogniser_;
+        recogniser->Show(hWndParent, Title, TypeOfUI, ExtraData);
     }
+
+private:
+    std::shared_ptr<Recogniser> recogniser_;
 };
 
 }  // namespace
@@ -49,7 +57,7 @@ std::shared_ptr<ISpeechRecoGrammar> RecoContext::CreateGrammar(std::int32_t /*Gr
 }
 
 std::shared_ptr<ISpeechRecognizer> RecoContext::Recognizer() const {
-    return std::make_shared<SharedRecognizer>();
+    return std::make_shared<SharedRecognizer>(recogniser_);
 }
 
 void RecoContext::SetEventInterests(std::int32_t Mask) {
@@ -61,6 +69,10 @@ void RecoContext::SetEventInterests(std::int32_t Mask) {
 
 void RecoContext::Advise(SpeechRecoContextEvents Events) {
     events_ = std::move(Events);
+}
+
+void RecoContext::SetAdaptationData(const std::string& AdaptationString) {
+    recogniser_->Adapt(AdaptationString, weak_from_this());
 }
 
 void RecoContext::AddActiveRules(std::vector<const GrammarRule*>& rules) const {
@@ -112,6 +124,12 @@ void RecoContext::HeardInterference(std::int64_t position, std::int32_t interfer
     const auto handler = events_.Interference;
     if ((interests_ & SREInterference) != 0 && handler)
         handler(kOnlyStream, position, interference);
+}
+
+// It has no place in the sound.
+void RecoContext::Adapted() {
+    const auto handler = events_.Adaptation;
+    if ((interests_ & SREAdaptation) != 0 && handler) handler(kOnlyStream, std::monostate());
 }
 
 }  // namespace corvane::engine

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "engine/recogniser/reco_grammar.h"
@@ -13,7 +14,9 @@ namespace corvane::engine {
 
 /// A listener on the shared recogniser. Made by Create, since the recogniser must know it without
 /// holding it.
-class RecoContext final : public ISpeechRecoContext, public RecogniserClient {
+class RecoContext final : public ISpeechRecoContext,
+                          public RecogniserClient,
+                          public std::enable_shared_from_this<RecoContext> {
 public:
     [[nodiscard]] static std::shared_ptr<RecoContext> Create(
         std::shared_ptr<Recogniser> recogniser);
@@ -27,6 +30,7 @@ public:
     [[nodiscard]] std::int32_t EventInterests() const override { return interests_; }
     void SetEventInterests(std::int32_t Mask) override;
     void Advise(SpeechRecoContextEvents Events) override;
+    void SetAdaptationData(const std::string& AdaptationString) override;
 
     void AddActiveRules(std::vector<const GrammarRule*>& rules) const override;
     [[nodiscard]] DictationState Dictates() const override;
@@ -35,6 +39,7 @@ public:
     void Supposed(std::int64_t position, std::shared_ptr<ISpeechRecoResult> result) override;
     void HeardLevel(std::int64_t position, std::int32_t level) override;
     void HeardInterference(std::int64_t position, std::int32_t interference) override;
+    void Adapted() override;
 
 private:
     explicit RecoContext(std::shared_ptr<Recogniser> recogniser);

@@ -6,17 +6,69 @@
 #include <vector>
 
 #include "engine/recogniser/spoken_marks.h"
+#include "platform/error.h"
 
 namespace corvane::engine {
+namespace {
+
+/// Of what is to be expected: the latest ones. A book has fewer.
+constexpr std::size_t kMostSentences = 20'000;
+
+}  // namespace
 
 Recogniser::Recogniser(const DictationModel& model, AudioSource& source, Reporter::Post post,
-                       Reporter::Unmatched unmatched)
-    : lexicon_(Dictionary(model.dictionary)),
+                       Reporter::Unmatched unmatched, std::shared_ptr<UserProfile> profile,
+                       std::shared_ptr<EngineDialogs> dialogs)
+    : model_(model),
+      profile_(std::move(profile)),
+      dialogs_(std::move(dialogs)),
+      lexicon_(Dictionary(model.dictionary)),
+      post_(post),
       reporter_(post, std::move(unmatched)),
       dictation_(std::make_unique<Dictation>(model, reporter_)),
       listener_(std::make_unique<Listener>(std::make_unique<Decoder>(model.acoustic_model), source,
                                            *dictation_, reporter_,
-                                           SoundFeedback(audience_, std::move(post)))) {}
+                                           SoundFeedback(audience_, std::move(post)))) {
+    profile_->OnChange([this] { ProfileChanged(); });
+    ProfileChanged();
+}
+
+Recogniser::~Recogniser() {
+    profile_->OnChange({});
+}
+
+void Recogniser::ProfileChanged() {
+    model_.voice = profile_->Voice();
+    model_.personal.words = profile_->Words();
+    lexicon_.SetUserWords(model_.personal.words);
+    if (dictation_) dictation_->Use(model_, {});
+    RulesChanged();
+}
+
+void Recogniser::Adapt(const std::string& text, std::weak_ptr<RecogniserClient> client) {
+    if (!dictation_) return;
+    const std::vector<std::string> fresh = SentencesOf(text);
+    std::vector<std::string>& known = model_.personal.sentences;
+    known.insert(known.end(), fresh.begin(), fresh.end());
+    if (known.size() > kMostSentences)
+        known.erase(known.begin(), known.end() - static_cast<std::ptrdiff_t>(kMostSentences));
+    profile_->LearnNewWords(fresh);
+    dictation_->Use(model_, [post = post_, client = std::move(client)] {
+        post([client] {
+            if (const auto told = client.lock()) told->Adapted();
+        });
+    });
+}
+
+void Recogniser::Show(std::uint32_t parent, const std::string& title, const std::string& dialog,
+                      const std::string& data) {
+    if (dialogs_ && dialog == "UserTraining")
+        dialogs_->UserTraining(parent, title, data, *profile_);
+    else if (dialogs_ && dialog == "AddRemoveWord")
+        dialogs_->AddRemoveWord(parent, title, data, *profile_);
+    else
+        throw RuntimeError(kAutomationError, "This engine does not offer " + dialog);
+}
 
 void Recogniser::Join(std::weak_ptr<RecogniserClient> client) {
     audience_->Join(std::move(client));
@@ -48,6 +100,7 @@ void Recogniser::RulesChanged() {
                 {.name = rule.name, .target = vocabulary->dictation_target, .of_dictation = true});
         }
     }
+    vocabulary->voice = model_.voice;
     vocabulary->graph = CompileGraph(rules, lexicon_);
     dictation_->Want(dictation_loaded);
     listener_->SetVocabulary(std::move(vocabulary));

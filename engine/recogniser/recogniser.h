@@ -1,16 +1,20 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <string>
 #include <utility>
 
 #include "engine/audio/audio_source.h"
+#include "engine/engine_dialogs.h"
 #include "engine/grammar/grammar.h"
 #include "engine/grammar/lexicon.h"
 #include "engine/recogniser/audience.h"
 #include "engine/recogniser/dictation.h"
 #include "engine/recogniser/listener.h"
 #include "engine/recogniser/reporter.h"
+#include "engine/user_profile.h"
 
 namespace corvane::engine {
 
@@ -19,8 +23,13 @@ namespace corvane::engine {
 class Recogniser {
 public:
     /// Loads acoustic model and dictionary; raises kAutomationError when one can't be read.
+    /// profile: of the one who speaks; outlives this, and its changes are this one's to heed.
     Recogniser(const DictationModel& model, AudioSource& source, Reporter::Post post,
-               Reporter::Unmatched unmatched);
+               Reporter::Unmatched unmatched, std::shared_ptr<UserProfile> profile,
+               std::shared_ptr<EngineDialogs> dialogs);
+    ~Recogniser();
+    Recogniser(const Recogniser&) = delete;
+    Recogniser& operator=(const Recogniser&) = delete;
 
     void Join(std::weak_ptr<RecogniserClient> client);
 
@@ -43,10 +52,24 @@ public:
     /// Ends listening for good. From now on clients may come and go, but nothing is heard.
     void Stop();
 
+    /// Learns the words of a text, and has dictation expect what stands there; tells the client
+    /// when that is done.
+    void Adapt(const std::string& text, std::weak_ptr<RecogniserClient> client);
+
+    /// Shows a dialog of the engine's, see ISpeechRecognizer::DisplayUI.
+    void Show(std::uint32_t parent, const std::string& title, const std::string& dialog,
+              const std::string& data);
+
 private:
+    void ProfileChanged();
+
+    DictationModel model_;
+    std::shared_ptr<UserProfile> profile_;
+    std::shared_ptr<EngineDialogs> dialogs_;
     Lexicon lexicon_;
     Grammar dictation_phrases_;  ///< once somebody dictates
     std::shared_ptr<Audience> audience_ = std::make_shared<Audience>();
+    Reporter::Post post_;
     Reporter reporter_;
     // Empty once stopped. The listener uses the dictation.
     std::unique_ptr<Dictation> dictation_;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/adaptation/speaker_transform.h"
 #include "engine/grammar/word_graph.h"
 #include "platform/speech_api.h"
 
@@ -32,6 +33,8 @@ struct Vocabulary {
     };
     WordGraph graph;
     std::vector<Rule> rules;  ///< by the graph's rule indexes
+    /// Whose voice is to be expected; empty: one like the acoustic model's.
+    std::shared_ptr<const SpeakerTransform> voice;
 
     /// Whether what is no command is text, and who is told of it.
     bool dictating = false;

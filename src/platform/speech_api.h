@@ -186,6 +186,11 @@ public:
     /// arrives, not even what was queued already: an event looks its handler up when it is
     /// dispatched, not when it is posted.
     virtual void Advise(SpeechRecoContextEvents Events) = 0;
+    /// Gives the engine words, or a text of the kind that is going to be dictated: words that it
+    /// does not know get pronunciations, and dictation comes to expect what stands there. Each call
+    /// adds to those before and returns at once; the event Adaptation tells this context when it is
+    /// done, also for an empty text.
+    virtual void SetAdaptationData(const std::string& AdaptationString) = 0;
 };
 
 /// Where a voice's events go. An empty function takes no events. Each arrives when what it tells

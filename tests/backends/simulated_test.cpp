@@ -113,6 +113,14 @@ TEST_F(SimulatedDictation, DialogsAreRecordedAndCloseAtOnce) {
     EXPECT_ERROR(kAutomationError, (context->Recognizer()->DisplayUI(0, "", "", ""), 0));
 }
 
+TEST_F(SimulatedDictation, WhatIsGivenToAdaptToIsRecorded) {
+    desktop.record.Clear();
+    context->SetAdaptationData("some words");
+    EXPECT_EQ(desktop.record.Transcript(), "SetAdaptationData \"some words\"\n");
+    desktop.record.Fail("SetAdaptationData", kAutomationError);
+    EXPECT_ERROR(kAutomationError, (context->SetAdaptationData(""), 0));
+}
+
 /// A voice whose events are told one a line.
 class SimulatedVoiceTest : public ::testing::Test {
 protected:

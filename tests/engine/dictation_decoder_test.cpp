@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "engine/speech_engine.h"
@@ -68,6 +69,38 @@ TEST_F(DictationDecoding, WordsHaveTheirPlacesOneBehindTheOther) {
     EXPECT_LT(text.words.back().last_frame, static_cast<int>(said.size() / 160));
     EXPECT_GT(text.certainty, 0.0);
     EXPECT_LE(text.certainty, 1.0);
+}
+
+DictatedText LiveTextOf(DictationDecoder& decoder, const Sound& sound) {
+    decoder.BeginLive();
+    decoder.FeedLive(sound);
+    return decoder.LiveText();
+}
+
+TEST_F(DictationDecoding, WordsOfOnesOwnAreFoundLiveAndInTheEndWithMarksBehindThem) {
+    DictationModel model = InstalledModel();
+    model.personal.words = {{"zorbel", {"Z AO R B EH L"}}};
+    model.personal.sentences = {"open the zorbel"};
+    DictationDecoder decoder(model);
+    const Sound said = Say("please open the zorbel comma and then close it period");
+    EXPECT_NE(Joined(LiveTextOf(decoder, said)).find("open the zorbel @comma"), std::string::npos)
+        << Joined(LiveTextOf(decoder, said));
+    EXPECT_EQ(Joined(decoder.Decode(said)),
+              "please open the zorbel @comma and then close it @period");
+}
+
+TEST_F(DictationDecoding, TheVoiceThatIsExpectedIsSoLiveAndInTheEnd) {
+    const Sound thanks = Say("thank you very much for your help");
+    DictationDecoder usual(InstalledModel());
+    DictationModel model = InstalledModel();
+    // So far away that nobody has it.
+    SpeakerTransform far = SpeakerTransform::Identity();
+    for (std::size_t i = 0; i < kStreamSize; ++i) far.streams[0].a[i][i] = -1.0F;
+    model.voice = std::make_shared<const SpeakerTransform>(far);
+    DictationDecoder other(model);
+    EXPECT_NE(Joined(LiveTextOf(other, thanks)), Joined(LiveTextOf(usual, thanks)));
+    EXPECT_EQ(Joined(usual.Decode(thanks)), "thank you very much for your help");
+    EXPECT_NE(Joined(other.Decode(thanks)), "thank you very much for your help");
 }
 
 TEST_F(DictationDecoding, StillnessIsNoText) {

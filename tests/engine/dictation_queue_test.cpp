@@ -1,7 +1,10 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <functional>
+#include <future>
+#include <memory>
 #include <vector>
 
 #include "engine/audio/audio_source.h"
@@ -40,6 +43,14 @@ TEST_F(WaitingDictation, TakesUtterancesUntilMinutesOfThemWait) {
     dictation.Hear(std::vector<std::int16_t>(160));
     End(10);
     EXPECT_FALSE(dictation.Hearing());
+}
+
+TEST_F(WaitingDictation, ModelIsTakenAlsoWhenTextIsWantedNoMoreBeforeItIsLoaded) {
+    const auto taken = std::make_shared<std::promise<void>>();
+    dictation.Want(true);
+    dictation.Use({}, [taken] { taken->set_value(); });
+    dictation.Want(false);
+    EXPECT_EQ(taken->get_future().wait_for(std::chrono::seconds(10)), std::future_status::ready);
 }
 
 TEST_F(WaitingDictation, ForgetsWhatWaitsWhenTextIsWantedNoMore) {

@@ -14,6 +14,8 @@ std::optional<Arguments> ArgumentsOf(const std::vector<std::string>& words) {
             arguments.files.push_back(word);
         } else if (word == "--grammar" && i + 1 < words.size()) {
             arguments.grammars.push_back(words[++i]);
+        } else if (word == "--user" && i + 1 < words.size()) {
+            arguments.user = words[++i];
         } else if (word == "--dictation") {
             arguments.dictation = true;
         } else if (word == "--realtime") {

@@ -11,6 +11,7 @@ namespace corvane::tools {
 struct Arguments {
     std::vector<std::string> grammars;  ///< each for a context of its own
     std::vector<std::string> files;
+    std::string user;  ///< folder of voice and words; empty: none
     bool dictation = false;
     bool realtime = false;
     bool all_events = false;
@@ -20,7 +21,7 @@ struct Arguments {
 
 inline constexpr const char* kUsage =
     "usage: corvane-hear [--grammar FILE]... [--dictation] [--realtime] [--all] [--final] "
-    "[--features] WAV...\n";
+    "[--features] [--user FOLDER] WAV...\n";
 
 /// Nothing when they make no sense. Without a grammar or dictation it is the grammar beside the
 /// program.

@@ -114,8 +114,11 @@ private:
     std::vector<std::shared_ptr<ISpeechRecoGrammar>> grammars_;
 };
 
-SpeechEngineConfig ConfigurationTelling(std::function<void(const RecognisedPhrase&)> unmatched) {
+SpeechEngineConfig ConfigurationTelling(std::function<void(const RecognisedPhrase&)> unmatched,
+                                        const std::string& user) {
     SpeechEngineConfig config;
+    config.user_folder = user;
+    config.complain = [](const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str()); };
     config.unmatched = std::move(unmatched);
     return config;
 }
@@ -125,7 +128,8 @@ Hearing::Hearing(const std::string& file, const Arguments& arguments)
       arguments_(arguments),
       samples_(engine::ReadWavFile(file)),
       engine_(
-          ConfigurationTelling([this](const RecognisedPhrase& speech) { PrintNothing(speech); }),
+          ConfigurationTelling([this](const RecognisedPhrase& speech) { PrintNothing(speech); },
+                               arguments.user),
           [this](std::function<void()> message) { messages_.Post(std::move(message)); },
           MakeSource()) {
     for (const std::string& path : arguments.grammars) {

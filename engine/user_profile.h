@@ -1,0 +1,59 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/adaptation/user_voice.h"
+#include "engine/adaptation/voice_training.h"
+#include "engine/lexicon/user_words.h"
+
+namespace corvane::engine {
+
+/// What the engine knows of the one who speaks to it: voice and words. A change is heeded at once,
+/// by commands and dictation, and kept for the next run. For the loop's thread.
+class UserProfile {
+public:
+    struct Places {
+        std::string folder;  ///< of the user's own; empty: nothing is kept
+        std::string acoustic_model;
+        std::string dictionary;
+    };
+
+    UserProfile(Places places, Complain complain);
+
+    /// Called after each change, in place of what was to be called before.
+    void OnChange(std::function<void()> changed) { changed_ = std::move(changed); }
+
+    [[nodiscard]] const UserVoice::Transform& Voice() const { return voice_.Present(); }
+    /// A training to read sentences into; any thread may run it. Raises kAutomationError when the
+    /// acoustic model is of a kind that can't be trained.
+    [[nodiscard]] std::unique_ptr<VoiceTraining> BeginTraining() const;
+    /// As UserVoice::Keep and UserVoice::Undo.
+    void KeepVoice(const SpeakerTransform& transform);
+    void UndoVoice();
+
+    [[nodiscard]] const WordsAndWays& Words() const { return words_.All(); }
+    /// Ways in which a word may be said, by dictionary, its parts and its letters, the likeliest
+    /// first; none if it has no sound.
+    [[nodiscard]] WaysToSay WaysFor(const std::string& word) const;
+    /// Adds those words of the sentences that neither the dictionary nor the user knows, as their
+    /// letters are read. What can't be kept is complained of, not raised.
+    void LearnNewWords(const std::vector<std::string>& sentences);
+    /// As UserWords::Add and UserWords::Remove.
+    void AddWord(const std::string& word, const WaysToSay& ways);
+    void RemoveWord(const std::string& word);
+
+private:
+    void Changed() const;
+
+    Places places_;
+    UserVoice voice_;
+    UserWords words_;
+    Complain complain_;
+    std::function<void()> changed_;
+};
+
+}  // namespace corvane::engine
