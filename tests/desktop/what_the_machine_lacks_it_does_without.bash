@@ -11,7 +11,7 @@ tray_words_are() { [[ $(tray_words) == "$1" ]]; }
 start_and_wait "$1"
 "$tools/say-into-mic" shutdown
 "$tools/say-into-mic" dial the internet
-"$tools/say-into-mic" hang up
+"$tools/say-into-mic" hang up the internet
 "$tools/say-into-mic" run notepad please
 expect "it goes on" wait_until 10 terminals_are 1
 expect "all of it was accepted" wait_until 10 accepted_are 4
