@@ -17,8 +17,7 @@ expect "nothing is cleared" stays_so 1 store_is "$stored"
 
 click_clear_all
 expect "it asks again" wait_until 10 window_is_there "WARNING!"
-"$tools/say-into-mic" yes
-expect "yes answers it" wait_until 10 window_gone "WARNING!"
+expect "yes answers it" say_until window_gone "WARNING!" -- yes
 expect "all is cleared" wait_until 10 store_is ""
 "$tools/say-into-mic" --voice rms run notepad please
 expect "the keyword is not known any more" stays_so 3 terminals_are 0

@@ -15,21 +15,3 @@ dictation_log() { "$tools/read-window" "$pad" "Dictation log" 2> /dev/null; }
 last_dictated() {
     dictation_log | sed -n 's/.*, Recognition,  \[Text=\(.*\)\] \[Confidence=.*/\1/p' | tail -n 1
 }
-
-# say_until CONDITION... -- WORDS...: free speech is not always heard right, so three voices try in
-# turn; fails when the condition holds after none of them.
-say_until() {
-    local condition=() voice
-    while [[ $1 != -- ]]; do
-        condition+=("$1")
-        shift
-    done
-    shift
-    for voice in rms slt awb; do
-        "$tools/say-into-mic" --voice "$voice" "$@"
-        ! wait_until 6 "${condition[@]}" || return 0
-    done
-    echo "\"$*\" was heard otherwise:" >&2
-    dictation_log >&2 || true
-    return 1
-}

@@ -95,3 +95,19 @@ with wave.open(sys.argv[1] + ".wav", "wb") as wav:
 PYTHON
     echo "$1.wav"
 }
+
+# say_until CONDITION... -- WORDS...: a word alone and free speech are not always heard right, so three
+# voices try in turn; fails when the condition holds after none of them.
+say_until() {
+    local condition=() voice
+    while [[ $1 != -- ]]; do
+        condition+=("$1")
+        shift
+    done
+    shift
+    for voice in slt rms awb; do
+        "$tools/say-into-mic" --voice "$voice" "$@"
+        ! wait_until 6 "${condition[@]}" || return 0
+    done
+    return 1
+}

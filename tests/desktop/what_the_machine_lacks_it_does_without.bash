@@ -9,11 +9,7 @@ tray_words_are() { [[ $(tray_words) == "$1" ]]; }
 
 # On this desktop nobody answers on the system bus, and nothing has ever been thrown away.
 start_and_wait "$1"
-# A word alone is not always sure.
-for attempt in "shutdown" "--voice rms shutdown" "--voice awb powerdown"; do
-    "$tools/say-into-mic" $attempt  # options among the words
-    ! wait_until 5 accepted_are 1 || break
-done
+expect "shutdown is accepted" say_until accepted_are 1 -- shutdown
 "$tools/say-into-mic" dial the internet
 "$tools/say-into-mic" hang up the internet
 "$tools/say-into-mic" run notepad please

@@ -14,11 +14,8 @@ expect "the terminal is there" wait_until 10 window_is_there "A question"
 expect "it takes keys" wait_until 10 test -e "$scratch/typed"
 xdotool windowactivate --sync "$(xdotool search --onlyvisible --name '^A question$')"
 
-"$tools/say-into-mic" yes
-expect "\"yes\" types y" wait_until 10 typed_is "y"
-"$tools/say-into-mic" no
-expect "\"no\" types n" wait_until 10 typed_is "yn"
-"$tools/say-into-mic" okay
-expect "\"okay\" types Enter" wait_until 10 typed_is $'yn\r'
+expect "\"yes\" types y" say_until typed_is "y" -- yes
+expect "\"no\" types n" say_until typed_is "yn" -- no
+expect "\"okay\" types Enter" say_until typed_is $'yn\r' -- okay
 expect "three commands were accepted" accepted_are 3
 kill "$terminal"
