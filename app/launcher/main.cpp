@@ -42,8 +42,9 @@ void WriteLine(const std::string& text) {
 }
 
 /// Whoever starts the program from a menu sees no terminal, so a window says it too.
-int Refuse(const std::string& text, int argc, char** argv) {
-    WriteLine(text);
+int Refuse(const std::string& what, const LayOutFailed& why, int argc, char** argv) {
+    const std::string text = what + "\n\n" + why.what();
+    WriteLine(what + ' ' + why.what());
     corvane::linux_desktop::RequireDisplay();
     const QApplication application(argc, argv);
     QMessageBox box(QMessageBox::Critical, "KT Corvane", QString::fromStdString(text));
@@ -60,6 +61,11 @@ int main(int argc, char** argv) {
     corvane::DataFiles files;
     try {
         files = corvane::FilesUnder(installed / "data");
+    } catch (const LayOutFailed& failure) {
+        return Refuse("KT Corvane is not installed as a whole. Install it again.", failure, argc,
+                      argv);
+    }
+    try {
         const bool first_start = !corvane::AreLaidOut(files, own);
         corvane::LayOut(files, installed / "data", own);
         corvane::LayLink(installed / "corvane", own / "corvane");
@@ -68,19 +74,15 @@ int main(int argc, char** argv) {
             corvane::AskForFirstTraining(registry);
         }
     } catch (const LayOutFailed& failure) {
-        // Files of the version before are better than no program for who has no other hands.
-        std::error_code unreachable;
-        if (files.empty() || !corvane::AreLaidOut(files, own) ||
-            !fs::exists(own / "corvane", unreachable))
+        // The files of the version before are better than no program for who has no other hands.
+        if (!corvane::AreLaidOut(files, own) || !corvane::AreLaidOut({"corvane"}, own))
             return Refuse(
-                std::string("The program's files can't be laid out, so it does not start.\n") +
-                    failure.what(),
-                argc, argv);
-        WriteLine(std::string("These files stay as they were: ") + failure.what());
+                "KT Corvane can't lay its files out for you. It needs a folder that can be "
+                "written to, on a disk with room.",
+                failure, argc, argv);
+        WriteLine(std::string("A file could not be renewed; the old one stays. ") + failure.what());
     }
     ::execv((own / "corvane").c_str(), argv);
-    const std::string reason = std::generic_category().message(errno);
-    return Refuse(
-        "The program can't be started.\n" + (installed / "corvane").string() + ": " + reason, argc,
-        argv);
+    const LayOutFailed failure(installed / "corvane", std::generic_category().message(errno));
+    return Refuse("KT Corvane can't be started.", failure, argc, argv);
 }
