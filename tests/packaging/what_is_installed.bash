@@ -47,6 +47,11 @@ expect "for one it is named in full" \
     equal "$(command_of "$person/share/applications/corvane.desktop")" "\"$person/bin/corvane\""
 expect "both entries start the same" \
     equal "$(command_of "$person/etc/xdg/autostart/corvane.desktop")" "\"$person/bin/corvane\""
+
+# As the README says it.
+HOME=${person%/.local} bash -c "$(sed -n '/^(cd ~\/.local /,/)$/p' "$here/../../README.md")"
+expect "nothing is left of it when it is removed" equal "$(find "$person" ! -type d)" ""
+
 odd='/odd/100% $sure'
 DESTDIR=$root cmake --install "$build" --prefix "$odd" > /dev/null
 expect "a name full of signs is written so that desktops read it" \
