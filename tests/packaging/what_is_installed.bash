@@ -30,7 +30,7 @@ for tree in "$person" "$root/usr"; do
     expect "icons have the sizes of their folders" icons_have_their_size "$tree"
     expect "there is one for each size" \
         test -e "$tree/share/icons/hicolor/16x16/apps/corvane.png" -a \
-        -e "$tree/share/icons/hicolor/256x256/apps/corvane.png" -a \
+        -e "$tree/share/icons/hicolor/512x512/apps/corvane.png" -a \
         -e "$tree/share/icons/hicolor/scalable/apps/corvane.svg"
     expect "there is a manual page" test -s "$tree/share/man/man1/corvane.1"
 done
