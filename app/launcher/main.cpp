@@ -42,12 +42,12 @@ void WriteLine(const std::string& text) {
 }
 
 /// Whoever starts the program from a menu sees no terminal, so a window says it too.
-int Refuse(const std::string& what, const LayOutFailed& why, int argc, char** argv) {
-    const std::string text = what + "\n\n" + why.what();
-    WriteLine(what + ' ' + why.what());
+int Refuse(const std::string& what, const std::string& why, int argc, char** argv) {
+    WriteLine(what + ' ' + why);
     corvane::linux_desktop::RequireDisplay();
     const QApplication application(argc, argv);
-    QMessageBox box(QMessageBox::Critical, "KT Corvane", QString::fromStdString(text));
+    QMessageBox box(QMessageBox::Critical, "KT Corvane",
+                    QString::fromStdString(what + "\n\n" + why));
     box.setTextFormat(Qt::PlainText);
     box.exec();
     return 1;
@@ -62,8 +62,8 @@ int main(int argc, char** argv) {
     try {
         files = corvane::FilesUnder(installed / "data");
     } catch (const LayOutFailed& failure) {
-        return Refuse("KT Corvane is not installed as a whole. Install it again.", failure, argc,
-                      argv);
+        return Refuse("KT Corvane is not installed as a whole. Install it again.", failure.what(),
+                      argc, argv);
     }
     try {
         const bool first_start = !corvane::AreLaidOut(files, own);
@@ -79,10 +79,11 @@ int main(int argc, char** argv) {
             return Refuse(
                 "KT Corvane can't lay its files out for you. It needs a folder that can be "
                 "written to, on a disk with room.",
-                failure, argc, argv);
+                failure.what(), argc, argv);
         WriteLine(std::string("A file could not be renewed; the old one stays. ") + failure.what());
     }
     ::execv((own / "corvane").c_str(), argv);
-    const LayOutFailed failure(installed / "corvane", std::generic_category().message(errno));
-    return Refuse("KT Corvane can't be started.", failure, argc, argv);
+    const std::string reason = std::generic_category().message(errno);
+    return Refuse("KT Corvane can't be started.", (installed / "corvane").string() + ": " + reason,
+                  argc, argv);
 }

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <fstream>
-#include <iterator>
 #include <optional>
+#include <sstream>
 #include <system_error>
 
 namespace corvane {
@@ -26,10 +26,12 @@ std::string ReasonOf(int error) {
 
 /// Nothing if the file can't be read.
 std::optional<std::string> ContentOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    std::string content{std::istreambuf_iterator<char>(stream), {}};
-    if (!stream) return std::nullopt;
-    return content;
+    const std::ifstream stream(file, std::ios::binary);
+    std::ostringstream content;
+    if (stream) content << stream.rdbuf();
+    // That nothing came is no failure: the file may be empty.
+    if (!stream || content.bad()) return std::nullopt;
+    return content.str();
 }
 
 /// A name beside the file that no other process uses.

@@ -155,6 +155,17 @@ TEST_F(LayOutTest, AFileWhereAFolderShouldBeIsNamed) {
     EXPECT_EQ(Refusal(), own.string() + ": Not a directory");
 }
 
+TEST_F(LayOutTest, AFolderWhereAFileShouldBeIsNamed) {
+    folder.Put("own/help.html/of the person's");
+    EXPECT_EQ(Refusal(), (own / "help.html").string() + ": Is a directory");
+}
+
+TEST_F(LayOutTest, AnEmptyFileIsLaidOutToo) {
+    folder.Put("delivered/quiet.xml");
+    Start();
+    EXPECT_TRUE(fs::is_empty(own / "quiet.xml"));
+}
+
 TEST_F(LayOutTest, WhatWasNotDeliveredIsNamed) {
     try {
         LayOut({"help.html", "missing.xml"}, delivered, own);
