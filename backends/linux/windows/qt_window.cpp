@@ -104,6 +104,7 @@ void QtWindow::AddMenu(const MenuDescription& menu, std::function<void()> Click)
     if (menu.menu.empty()) {
         QMenu* added = frame_->menuBar()->addMenu(caption);
         added->setObjectName(Words(menu.name));
+        added->setAccessibleName(QString(caption).remove(u'&'));
         menus_[std::string(menu.name)] = added;
         return;
     }
