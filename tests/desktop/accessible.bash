@@ -19,20 +19,13 @@ walk() {
 
 focus_is() { [[ $("$tools/describe-window" --focus "$1" 2> /dev/null) == "$2" ]]; }
 
-# tab_goes_through TITLE CONTROL...: the focus is on the first; each Tab takes it to the next, and
-# Shift+Tab back again.
-tab_goes_through() {
-    local title=$1 at
-    shift
-    local -a stops=("$@")
-    expect "in $title, ${stops[0]} has the focus" wait_until 10 focus_is "$title" "${stops[0]}"
-    for ((at = 1; at < ${#stops[@]}; at++)); do
-        xdotool key Tab
-        expect "Tab leads to ${stops[at]}" wait_until 10 focus_is "$title" "${stops[at]}"
-    done
-    for ((at = ${#stops[@]} - 2; at >= 0; at--)); do
-        xdotool key shift+Tab
-        expect "Shift+Tab leads back to ${stops[at]}" wait_until 10 focus_is "$title" "${stops[at]}"
+# keys_go_through KEY TITLE CONTROL...: the focus is on the first; each stroke takes it to the next.
+keys_go_through() {
+    local key=$1 title=$2 stop
+    expect "in $title, $3 has the focus" wait_until 10 focus_is "$title" "$3"
+    for stop in "${@:4}"; do
+        xdotool key "$key"
+        expect "$key leads to $stop" wait_until 10 focus_is "$title" "$stop"
     done
 }
 

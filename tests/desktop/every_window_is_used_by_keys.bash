@@ -9,7 +9,7 @@ source "$here/accessible.bash"
 
 start_and_wait "$1"
 to_front "$main_window"
-tab_goes_through "$main_window" \
+keys_go_through Tab "$main_window" \
     'text "Recognition log"' \
     'text "Microphone level number"' \
     'text "Whiteboard"' \
@@ -18,7 +18,14 @@ tab_goes_through "$main_window" \
     'text "Voice level number"' \
     'list item "Add Program"' \
     'text "Recognition log"'
-xdotool key Tab Tab
+# Beyond these a button would hand Shift over to the whiteboard, as it does with every key but Tab.
+keys_go_through shift+Tab "$main_window" \
+    'text "Recognition log"' \
+    'list item "Add Program"' \
+    'text "Voice level number"' \
+    'push button "Clear"'
+xdotool key shift
+expect "a button keeps no key" wait_until 10 focus_is "$main_window" 'text "Whiteboard"'
 xdotool type "read this"
 xdotool key alt+c
 whiteboard_is() { [[ $("$tools/read-window" "$main_window" Whiteboard 2> /dev/null) == "$1" ]]; }
@@ -39,7 +46,7 @@ expect "Enter presses it" wait_until 10 window_gone "$splash"
 
 open_add_programs
 to_front "$add_programs"
-tab_goes_through "$add_programs" \
+keys_go_through Tab "$add_programs" \
     'table cell "notepad"' \
     'text "Keyword"' \
     'text "Path"' \
@@ -47,7 +54,8 @@ tab_goes_through "$add_programs" \
     'push button "Clear All"' \
     'check box "Search for existing"' \
     'table cell "notepad"'
-xdotool key shift+Tab space
+keys_go_through shift+Tab "$add_programs" 'table cell "notepad"' 'check box "Search for existing"'
+xdotool key space
 expect "Space takes the tick away" \
     wait_until 10 has_part "$add_programs" 'check box "Search for existing" focusable focused \[.*'
 xdotool key space Tab Tab Tab
@@ -81,7 +89,7 @@ expect "the pad opens" say_until window_is_there "$pad" -- dictation pad
 to_front "$pad"
 expect "the text has the focus" wait_until 10 focus_is "$pad" 'text "Dictated text"'
 xdotool key Tab
-tab_goes_through "$pad" \
+keys_go_through Tab "$pad" \
     'text "Dictation log"' \
     'push button "Close"' \
     'push button "Train Profile"' \
