@@ -60,8 +60,8 @@ void MakeWindowsVisible() {
     const QPalette colours = QApplication::palette();
     const QPalette visible = WithoutVanishing(colours);
     if (visible != colours) QApplication::setPalette(visible);
-    const bool plain_style = QApplication::style()->name() == QStringLiteral("fusion");
-    if (plain_style) QApplication::setStyle(new OutlinedStyle);
+    if (QApplication::style()->name() == QLatin1String(OutlinedStyle::kPlainStyle))
+        QApplication::setStyle(new OutlinedStyle);
 }
 
 }  // namespace corvane::linux_desktop

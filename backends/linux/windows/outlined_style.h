@@ -5,10 +5,14 @@
 
 namespace corvane::linux_desktop {
 
-/// The desktop's own style, with an edge around boxes, bars and buttons where that style would draw
-/// it in the colour of what it stands on.
+/// The toolkit's plain style, with an edge around boxes, bars and buttons where that style would
+/// draw it in the colour of what it stands on.
 class OutlinedStyle final : public QProxyStyle {
 public:
+    OutlinedStyle() : QProxyStyle(kPlainStyle) {}
+
+    static constexpr const char* kPlainStyle = "fusion";
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -16,7 +20,7 @@ public:
 };
 
 /// Sees to it that what our windows consist of can be seen, in the desktop's own colours where
-/// these allow it. Once an application.
+/// these allow it. A desktop with a style of its own keeps it.
 void MakeWindowsVisible();
 
 }  // namespace corvane::linux_desktop
