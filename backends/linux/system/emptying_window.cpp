@@ -4,6 +4,7 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QLocale>
+#include <QProgressBar>
 #include <QProgressDialog>
 #include <QTimer>
 #include <QWidget>
@@ -41,6 +42,7 @@ void WaitWithWindow(Emptying& emptying, HWND owner, const std::function<bool()>&
     QProgressDialog window;
     window.setWindowTitle(QStringLiteral("Recycle Bin"));
     window.setCancelButtonText(QStringLiteral("Cancel"));
+    window.findChild<QProgressBar*>()->setAccessibleName(QStringLiteral("Emptied"));
     window.setAttribute(Qt::WA_ShowWithoutActivating);
     window.setAutoReset(false);
     window.setAutoClose(false);
