@@ -126,10 +126,11 @@ bool StoreSettings(const std::filesystem::path& file, const Settings& settings) 
     if (error) return false;
     const std::string text = WriteSettings(settings);
     QSaveFile stored(QString::fromStdString(file.string()));
+    // Committing passes over what a full disk has refused of its buffer; emptying that tells.
     return stored.open(QIODevice::WriteOnly) &&
            stored.write(text.data(), static_cast<qint64>(text.size())) ==
                static_cast<qint64>(text.size()) &&
-           stored.commit();
+           stored.flush() && stored.commit();
 }
 
 }  // namespace corvane::linux_desktop
