@@ -117,7 +117,6 @@ TEST_F(FullDisk, TheTrashIsEmptiedThoughNothingMoreHasRoom) {
     const auto expected = disk.Files();
     disk.Put("Trash/files/old/letter", "x");
     disk.Put("Trash/info/old.trashinfo", "x");
-    disk.Put("Trash/files/picture", std::string(10'000, 'x'));
     disk.Fill();
     disk.FillWithFiles();
     Emptying emptying;
