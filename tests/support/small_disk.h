@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -76,6 +77,11 @@ public:
             const std::string name = std::string(kFiller) + std::to_string(i);
             ::close(::open((path_ / name).c_str(), O_WRONLY | O_CREAT, 0600));
         }
+    }
+    /// Room for that many bytes more, in whole blocks of 4096.
+    void MakeRoom(std::uintmax_t bytes) const {
+        const auto filler = path_ / kFiller;
+        std::filesystem::resize_file(filler, std::filesystem::file_size(filler) - bytes);
     }
     void MakeRoom() const { std::filesystem::remove(path_ / kFiller); }
     bool MakeReadOnly() const {
