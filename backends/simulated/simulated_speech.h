@@ -4,6 +4,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -62,7 +63,7 @@ private:
     CallRecord& record_;
     MemoryFiles& files_;
     VirtualQueue& queue_;
-    std::chrono::milliseconds stream_begin_{0};
+    std::optional<std::chrono::milliseconds> stream_begin_;
     std::vector<std::weak_ptr<SimulatedContext>> contexts_;
 };
 

@@ -241,7 +241,7 @@ void Listener::Foresee() {
     }
     const auto since = Clock::now();
     supposing_ = false;
-    foreseen_.emplace();
+    foreseen_ = Foresight{};
     foreseen_->last_loud = endpointer_.LastLoud();
     foreseen_->path = decoder_->Decode(Sound(endpointer_.Begin(), endpointer_.Position()));
     foreseen_->latency =

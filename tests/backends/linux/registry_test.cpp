@@ -61,6 +61,14 @@ TEST_F(RegistryTest, BytesComeBackAsTheyWereStored) {
     EXPECT_EQ(bytes, "");
 }
 
+TEST_F(RegistryTest, BytesMayBeginAndEndInBlanks) {
+    for (const std::string& data : {" "s, " \" "s, "1 "s, ""s}) {
+        ASSERT_EQ(Write(" blank ", data), ERROR_SUCCESS);
+        EXPECT_EQ(Read(" blank "), ERROR_SUCCESS) << '"' << data << '"';
+        EXPECT_EQ(bytes, data);
+    }
+}
+
 TEST_F(RegistryTest, FileCanBeReadAndWrittenByAPerson) {
     ASSERT_EQ(Write("Trained", "1\0"s), ERROR_SUCCESS);
     const std::string text = folder.Bytes("corvane/registry");
