@@ -17,9 +17,10 @@ UserProfile::UserProfile(Places places, Complain complain)
       words_(places_.folder, complain),
       complain_(std::move(complain)) {}
 
-std::unique_ptr<VoiceTraining> UserProfile::BeginTraining() const {
-    return std::make_unique<VoiceTraining>(places_.acoustic_model, places_.dictionary,
-                                           words_.All());
+UserProfile::MakeTraining UserProfile::TrainingMaker() const {
+    return [places = places_, words = words_.All()] {
+        return std::make_unique<VoiceTraining>(places.acoustic_model, places.dictionary, words);
+    };
 }
 
 void UserProfile::KeepVoice(const SpeakerTransform& transform) {

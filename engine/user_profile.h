@@ -28,9 +28,11 @@ public:
     void OnChange(std::function<void()> changed) { changed_ = std::move(changed); }
 
     [[nodiscard]] const UserVoice::Transform& Voice() const { return voice_.Present(); }
-    /// A training to read sentences into; any thread may run it. Raises kAutomationError when the
-    /// acoustic model is of a kind that can't be trained.
-    [[nodiscard]] std::unique_ptr<VoiceTraining> BeginTraining() const;
+    using MakeTraining = std::function<std::unique_ptr<VoiceTraining>()>;
+    /// Makes a training to read sentences into, with the words that there are now. To make it takes
+    /// a second, and any thread may do so and run it; raises kAutomationError when the acoustic
+    /// model is of a kind that can't be trained.
+    [[nodiscard]] MakeTraining TrainingMaker() const;
     /// As UserVoice::Keep and UserVoice::Undo.
     void KeepVoice(const SpeakerTransform& transform);
     void UndoVoice();

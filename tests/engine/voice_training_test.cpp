@@ -3,13 +3,19 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
 #include <random>
+#include <set>
+#include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "engine/adaptation/reading_sentences.h"
+#include "engine/grammar/dictionary.h"
 #include "engine/recogniser/phone_evidence.h"
 #include "engine/speech_engine.h"
 #include "platform/error.h"
@@ -59,6 +65,24 @@ TEST_F(ModelTest, AModelOfAnotherKindHasNoGaussiansForUs) {
     const testing::TemporaryFolder empty;
     EXPECT_FALSE(GaussianModel::Load(empty.Path(), definition));
     EXPECT_THROW(VoiceTraining(empty.Path(), config.dictionary), RuntimeError);
+}
+
+TEST_F(ModelTest, TheSentencesToReadHoldEverySound) {
+    std::set<std::string> words;
+    for (const std::string_view sentence : kReadingSentences) {
+        std::istringstream rest{std::string(sentence)};
+        for (std::string word; rest >> word;) {
+            std::erase_if(word,
+                          [](char sign) { return sign == '.' || sign == ',' || sign == '?'; });
+            words.insert(word);
+        }
+    }
+    std::set<std::string> sounds;
+    for (const auto& [word, ways] : Dictionary(config.dictionary).Find(words)) {
+        std::istringstream phones(ways.front());
+        for (std::string phone; phones >> phone;) sounds.insert(phone);
+    }
+    EXPECT_EQ(sounds.size(), 39U);
 }
 
 TEST_F(ModelTest, WhoHasReadNothingIsTakenForAVoiceOfTheModel) {
@@ -164,6 +188,35 @@ TEST_F(VoiceTrainingTest, AVoiceUnlikeTheModelsIsLearnt) {
     const TrainingResult result = training.Train();
     EXPECT_TRUE(result.transform);
     EXPECT_GT(result.after, result.before + 0.02);
+}
+
+TEST_F(VoiceTrainingTest, AForgottenReadingIsNoneOfTheTraining) {
+    ASSERT_EQ(training.Read(kSentences[0], Say(kSentences[0])), ReadingVerdict::good);
+    training.Forget();
+    EXPECT_EQ(training.Sentences(), 0U);
+    training.Forget();
+    EXPECT_EQ(training.Sentences(), 0U);
+}
+
+TEST_F(VoiceTrainingTest, TrainingTellsHowFarItIsAndStopsWhenItIsTold) {
+    for (std::size_t i = 0; i < VoiceTraining::kFewestSentences; ++i)
+        ASSERT_EQ(training.Read(kSentences[i], ReadBySomebodySmall(kSentences[i])),
+                  ReadingVerdict::good);
+    std::vector<double> told;
+    const TrainingResult all = training.Train([&](double done) {
+        told.push_back(done);
+        return true;
+    });
+    EXPECT_TRUE(all.transform);
+    EXPECT_TRUE(std::ranges::is_sorted(told));
+    EXPECT_EQ(told.front(), 0.0);
+    EXPECT_EQ(told.back(), 1.0);
+
+    for (const std::size_t last : {std::size_t{0}, told.size() / 2, told.size() - 1}) {
+        std::size_t times = 0;
+        EXPECT_FALSE(training.Train([&](double) { return times++ < last; }).transform);
+        EXPECT_EQ(times, last + 1);
+    }
 }
 
 TEST_F(VoiceTrainingTest, WhatDoesNotHelpOnSentencesHeldBackIsNotKept) {
