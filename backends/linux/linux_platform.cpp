@@ -26,6 +26,7 @@
 #include "linux/system/kernel32.h"
 #include "linux/system/process_tokens.h"
 #include "linux/system/session_end.h"
+#include "linux/training/pronunciation_voice.h"
 #include "linux/training/training_dialogs.h"
 #include "linux/windows/qt_toolkit.h"
 #include "linux/windows/user32.h"
@@ -68,7 +69,9 @@ SpeechEngineConfig ConfigurationOfPerson() {
         std::cerr << "KT Corvane: " << line << '\n' << std::flush;
     };
     config.dialogs = std::make_shared<TrainingDialogs>(
-        TrainingDialogs::Means{.open_microphone = OpenMicrophone});
+        TrainingDialogs::Means{.open_microphone = OpenMicrophone,
+                               .say = [voice = std::make_shared<PronunciationVoice>(kSoundName)](
+                                          const std::string& phones) { voice->Say(phones); }});
     return config;
 }
 

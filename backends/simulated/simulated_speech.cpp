@@ -21,7 +21,7 @@ SimulatedSpeech::SimulatedSpeech(CallRecord& record, MemoryFiles& files, Virtual
 std::shared_ptr<ISpeechRecoContext> SimulatedSpeech::CreateSpSharedRecoContext() {
     record_.Call("CreateSpSharedRecoContext");
     if (contexts_.empty()) stream_begin_ = queue_.Now();
-    auto context = std::make_shared<SimulatedContext>(record_, files_);
+    auto context = std::make_shared<SimulatedContext>(record_, files_, OnDisplayUI);
     contexts_.push_back(context);
     return context;
 }

@@ -2,10 +2,9 @@
 #include "linux/training/training_dialogs.h"
 
 #include <QDialog>
-#include <QListWidget>
-#include <QVBoxLayout>
 
 #include "engine/user_profile.h"
+#include "linux/training/words_dialog.h"
 #include "linux/windows/look.h"
 #include "linux/windows/put_over.h"
 
@@ -20,14 +19,9 @@ void TrainingDialogs::UserTraining(std::uint32_t parent, const std::string& titl
 }
 
 void TrainingDialogs::AddRemoveWord(std::uint32_t parent, const std::string& title,
-                                    const std::string& /*word*/, engine::UserProfile& profile) {
-    QDialog dialog;
-    dialog.setWindowTitle(Words(title));
-    auto* layout = new QVBoxLayout(&dialog);
-    auto* words = new QListWidget;
-    layout->addWidget(words);
-    for (const auto& [word, ways] : profile.Words()) words->addItem(Words(word));
-    ExecOver(parent, dialog);
+                                    const std::string& word, engine::UserProfile& profile) {
+    ShowWordsDialog(parent, title, word, profile,
+                    {.say = means_.say, .open_microphone = means_.open_microphone});
 }
 
 }  // namespace corvane::linux_desktop

@@ -17,6 +17,8 @@ public:
     struct Means {
         /// A microphone that is the caller's alone.
         std::function<std::unique_ptr<engine::AudioSource>()> open_microphone;
+        /// As WordsPage::Means::say.
+        std::function<void(const std::string& phones)> say;
     };
 
     explicit TrainingDialogs(Means means) : means_(std::move(means)) {}
