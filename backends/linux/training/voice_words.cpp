@@ -103,9 +103,9 @@ QString ExplanationOf(const VoiceSession::State& state) {
     switch (state.outcome) {
         case Outcome::learnt:
             return QStringLiteral(
-                       "You are understood %1: on sentences that were held back to try it, what "
-                       "your voice differs by has shrunk by %2 %. From now on commands and "
-                       "dictation expect your voice.")
+                       "You are understood %1: on sentences that were held back to try it, your "
+                       "voice fits %2 % closer than before. From now on commands and dictation "
+                       "expect your voice.")
                 .arg(HowMuchBetter(state.improvement))
                 .arg(std::lround(100.0 * state.improvement));
         case Outcome::no_help:
