@@ -13,7 +13,7 @@ namespace corvane::engine {
 /// stillness than ends an utterance to end a reading.
 class ReadingCatcher {
 public:
-    static constexpr int kPauseFrames = Endpointer::kFramesPerSecond;
+    static constexpr int kPauseFrames = Endpointer::kFramesPerSecond * 6 / 5;
     /// What finds no end is ended by then.
     static constexpr int kLongestFrames = 40 * Endpointer::kFramesPerSecond;
 

@@ -46,7 +46,7 @@ protected:
 TEST_F(ReadingCatcherTest, AReadingIsCaughtWithSomeStillnessAroundIt) {
     EXPECT_EQ(HearNothing(3s), (std::vector<Event>{}));
     EXPECT_EQ(HearVoice(2s), (std::vector<Event>{Event::began}));
-    EXPECT_EQ(HearNothing(1200ms), (std::vector<Event>{Event::ended}));
+    EXPECT_EQ(HearNothing(1500ms), (std::vector<Event>{Event::ended}));
     EXPECT_GT(SecondsCaught(), 2.2);
     EXPECT_LT(SecondsCaught(), 3.0);
     EXPECT_FALSE(catcher.Caught().too_loud);
@@ -58,7 +58,7 @@ TEST_F(ReadingCatcherTest, BreathMayBeTakenWithinAReading) {
     EXPECT_EQ(HearVoice(1500ms), (std::vector<Event>{Event::began}));
     EXPECT_EQ(HearNothing(700ms), (std::vector<Event>{}));
     EXPECT_EQ(HearVoice(1500ms), (std::vector<Event>{}));
-    EXPECT_EQ(HearNothing(1200ms), (std::vector<Event>{Event::ended}));
+    EXPECT_EQ(HearNothing(1500ms), (std::vector<Event>{Event::ended}));
     EXPECT_GT(SecondsCaught(), 3.7);
 }
 

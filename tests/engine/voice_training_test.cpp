@@ -38,22 +38,6 @@ const std::vector<std::string> kSentences{"The yellow boat slowly turned towards
                                           "He threw the heavy ball over the fence with both hands.",
                                           "A cold wind blew across the empty beach all night."};
 
-/// As if the speaker were smaller by this factor: all of the sound higher and shorter.
-Sound Smaller(const Sound& sound, double factor) {
-    Sound smaller;
-    for (double at = 0.0; at + 1.0 < static_cast<double>(sound.size()); at += factor) {
-        const auto index = static_cast<std::size_t>(at);
-        const double part = at - static_cast<double>(index);
-        smaller.push_back(
-            static_cast<std::int16_t>((1.0 - part) * sound[index] + part * sound[index + 1]));
-    }
-    return smaller;
-}
-
-Sound ReadBySomebodySmall(const std::string& sentence) {
-    return Smaller(Say(sentence, "slt", 1.2), 1.2);
-}
-
 class ModelTest : public ::testing::Test {
 protected:
     SpeechEngineConfig config;
@@ -184,7 +168,8 @@ TEST_F(VoiceTrainingTest, AFewSentencesTrainNothing) {
 
 TEST_F(VoiceTrainingTest, AVoiceUnlikeTheModelsIsLearnt) {
     for (const std::string& sentence : kSentences)
-        EXPECT_EQ(training.Read(sentence, ReadBySomebodySmall(sentence)), ReadingVerdict::good);
+        EXPECT_EQ(training.Read(sentence, testing::SayAsSomebodySmall(sentence)),
+                  ReadingVerdict::good);
     const TrainingResult result = training.Train();
     EXPECT_TRUE(result.transform);
     EXPECT_GT(result.after, result.before + 0.02);
@@ -200,7 +185,7 @@ TEST_F(VoiceTrainingTest, AForgottenReadingIsNoneOfTheTraining) {
 
 TEST_F(VoiceTrainingTest, TrainingTellsHowFarItIsAndStopsWhenItIsTold) {
     for (std::size_t i = 0; i < VoiceTraining::kFewestSentences; ++i)
-        ASSERT_EQ(training.Read(kSentences[i], ReadBySomebodySmall(kSentences[i])),
+        ASSERT_EQ(training.Read(kSentences[i], testing::SayAsSomebodySmall(kSentences[i])),
                   ReadingVerdict::good);
     std::vector<double> told;
     const TrainingResult all = training.Train([&](double done) {
@@ -223,8 +208,9 @@ TEST_F(VoiceTrainingTest, WhatDoesNotHelpOnSentencesHeldBackIsNotKept) {
     // Four people, so that what is learnt of three says nothing of the fourth.
     constexpr std::array kSizes{0.85, 1.3, 1.0, 1.15};
     for (std::size_t i = 0; i < kSentences.size(); ++i)
-        (void)training.Read(kSentences[i], Smaller(Say(kSentences[i], i % 2 == 0 ? "rms" : "slt"),
-                                                   kSizes.at(i % kSizes.size())));
+        (void)training.Read(kSentences[i],
+                            testing::Smaller(Say(kSentences[i], i % 2 == 0 ? "rms" : "slt"),
+                                             kSizes.at(i % kSizes.size())));
     ASSERT_GE(training.Sentences(), VoiceTraining::kFewestSentences);
     const TrainingResult result = training.Train();
     EXPECT_FALSE(result.transform) << result.before << " to " << result.after;

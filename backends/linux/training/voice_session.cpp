@@ -76,9 +76,12 @@ void VoiceSession::LeaveFirstOut() {
     Await(Advice::unreadable);
 }
 
+bool VoiceSession::MayBeRead() const {
+    return state_.stage == Stage::introduction || state_.stage == Stage::reading;
+}
+
 bool VoiceSession::Awaits() const {
-    const bool may_be_read = state_.stage == Stage::introduction || state_.stage == Stage::reading;
-    return may_be_read && !resting_ && !checking_;
+    return MayBeRead() && !resting_ && !checking_;
 }
 
 void VoiceSession::Start() {
@@ -88,11 +91,13 @@ void VoiceSession::Start() {
 }
 
 void VoiceSession::Again() {
+    if (!MayBeRead()) return;
     ++turn_;
     Await(Advice::read);
 }
 
 void VoiceSession::Skip() {
+    if (!MayBeRead()) return;
     ++turn_;
     Advance(Advice::skipped);
 }
@@ -112,8 +117,7 @@ void VoiceSession::Rest() {
 }
 
 void VoiceSession::GoOn() {
-    if (!std::exchange(resting_, false)) return;
-    if (state_.stage == Stage::introduction || state_.stage == Stage::reading) Again();
+    if (std::exchange(resting_, false)) Again();
 }
 
 void VoiceSession::Heard(const Reading& reading) {

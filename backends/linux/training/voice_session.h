@@ -106,6 +106,7 @@ private:
     void Finish(Outcome outcome);
     void HearLevel(int level);
     void HearSignal(bool there);
+    [[nodiscard]] bool MayBeRead() const;
     [[nodiscard]] bool Awaits() const;
     [[nodiscard]] ReadingMicrophone::Events MicrophoneEvents();
 
