@@ -23,6 +23,12 @@ UserProfile::MakeTraining UserProfile::TrainingMaker() const {
     };
 }
 
+UserProfile::MakePhoneWriter UserProfile::PhoneWriterMaker() const {
+    return [model = places_.acoustic_model, voice = voice_.Present()] {
+        return std::make_unique<PhoneWriter>(model, voice);
+    };
+}
+
 void UserProfile::KeepVoice(const SpeakerTransform& transform) {
     voice_.Keep(transform);
     Changed();

@@ -8,6 +8,7 @@
 
 #include "engine/adaptation/user_voice.h"
 #include "engine/adaptation/voice_training.h"
+#include "engine/lexicon/phone_writer.h"
 #include "engine/lexicon/user_words.h"
 
 namespace corvane::engine {
@@ -36,6 +37,10 @@ public:
     /// As UserVoice::Keep and UserVoice::Undo.
     void KeepVoice(const SpeakerTransform& transform);
     void UndoVoice();
+
+    using MakePhoneWriter = std::function<std::unique_ptr<PhoneWriter>()>;
+    /// Makes what writes down how this voice says a word; as TrainingMaker, any thread may do so.
+    [[nodiscard]] MakePhoneWriter PhoneWriterMaker() const;
 
     [[nodiscard]] const WordsAndWays& Words() const { return words_.All(); }
     /// Ways in which a word may be said, by dictionary, its parts and its letters, the likeliest
