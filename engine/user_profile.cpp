@@ -29,6 +29,13 @@ UserProfile::MakePhoneWriter UserProfile::PhoneWriterMaker() const {
     };
 }
 
+UserProfile::MakeChoice UserProfile::ChoiceMaker(std::vector<std::string> phrases) const {
+    return [places = places_, voice = voice_.Present(), phrases = std::move(phrases)] {
+        return std::make_unique<SpokenChoice>(places.acoustic_model, places.dictionary, phrases,
+                                              voice);
+    };
+}
+
 void UserProfile::KeepVoice(const SpeakerTransform& transform) {
     voice_.Keep(transform);
     Changed();

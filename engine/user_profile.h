@@ -10,6 +10,7 @@
 #include "engine/adaptation/voice_training.h"
 #include "engine/lexicon/phone_writer.h"
 #include "engine/lexicon/user_words.h"
+#include "engine/recogniser/spoken_choice.h"
 
 namespace corvane::engine {
 
@@ -34,6 +35,9 @@ public:
     /// a second, and any thread may do so and run it; raises kAutomationError when the acoustic
     /// model is of a kind that can't be trained.
     [[nodiscard]] MakeTraining TrainingMaker() const;
+    using MakeChoice = std::function<std::unique_ptr<SpokenChoice>()>;
+    /// Likewise, of what hears these phrases, said in the voice that there is now.
+    [[nodiscard]] MakeChoice ChoiceMaker(std::vector<std::string> phrases) const;
     /// As UserVoice::Keep and UserVoice::Undo.
     void KeepVoice(const SpeakerTransform& transform);
     void UndoVoice();

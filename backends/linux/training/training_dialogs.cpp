@@ -31,7 +31,8 @@ void TrainingDialogs::UserTraining(std::uint32_t parent, const std::string& titl
         title, profile,
         {.voice = {.open_microphone = means_.open_microphone,
                    .sentences = SentencesToRead(sentence),
-                   .changed = {}},
+                   .changed = {},
+                   .leave = {}},
          .words = {.say = means_.say, .open_microphone = means_.open_microphone}});
     ExecOver(parent, window);
 }

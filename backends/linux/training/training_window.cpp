@@ -27,6 +27,7 @@ TrainingWindow::TrainingWindow(const std::string& title, engine::UserProfile& pr
     resize(kSize);
 
     means.voice.changed = [this] { NameTheWayOut(); };
+    means.voice.leave = [this] { reject(); };
     voice_ = new VoicePage(profile, std::move(means.voice));
     auto* pages = new QTabWidget;
     pages->setAccessibleName(tr("Training"));

@@ -60,6 +60,7 @@ VoicePage::VoicePage(engine::UserProfile& profile, Means means)
       sentence_(MakeText(tr("Sentence to read"))),
       picture_(new QLabel),
       status_(MakeText(tr("Training status"))),
+      wishes_(MakeText(tr("What may be said"))),
       meter_(new LevelMeter),
       start_(new QPushButton(tr("&Start"))),
       again_(new QPushButton(tr("&Again"))),
@@ -91,10 +92,7 @@ void VoicePage::MakeButtons() {
     connect(start_, &QPushButton::clicked, this, [this] { session_->Start(); });
     connect(again_, &QPushButton::clicked, this, [this] { session_->Again(); });
     connect(skip_, &QPushButton::clicked, this, [this] { session_->Skip(); });
-    connect(anew_, &QPushButton::clicked, this, [this] {
-        Begin();
-        session_->Start();
-    });
+    connect(anew_, &QPushButton::clicked, this, [this] { BeginAnew(); });
     connect(undo_, &QPushButton::clicked, this, [this] { session_->UndoTraining(); });
 }
 
@@ -139,6 +137,7 @@ void VoicePage::LayOut() {
     all->addWidget(progress_);
     all->addWidget(card, 1);
     all->addLayout(told);
+    all->addWidget(wishes_);
     all->addLayout(heard);
     all->addLayout(buttons);
 }
@@ -149,8 +148,19 @@ void VoicePage::Begin() {
     session_ = std::make_unique<VoiceSession>(
         profile_, means_.sentences, means_.open_microphone(),
         VoiceSession::Events{.Changed = [this] { Show(session_->Now()); },
-                             .Level = [this](int level) { meter_->setValue(level); }});
+                             .Level = [this](int level) { meter_->setValue(level); },
+                             .Leave = means_.leave,
+                             .Anew =
+                                 [this] {
+                                     QMetaObject::invokeMethod(
+                                         this, [this] { BeginAnew(); }, Qt::QueuedConnection);
+                                 }});
     Show(session_->Now());
+}
+
+void VoicePage::BeginAnew() {
+    Begin();
+    session_->Start();
 }
 
 void VoicePage::showEvent(QShowEvent* event) {
@@ -214,7 +224,8 @@ void VoicePage::ShowStatus(const VoiceSession::State& state) {
         picture_->setFixedWidth(size);
         picture_->setPixmap(style()->standardIcon(picture).pixmap(size));
     };
-    meter_->setEnabled(state.stage == Stage::introduction || state.stage == Stage::reading);
+    SetText(*wishes_, WishesOf(state));
+    meter_->setEnabled(state.stage != Stage::training);
     if (!state.failure.empty()) return say(Words(state.failure), QStyle::SP_MessageBoxWarning);
     switch (state.stage) {
         case Stage::training:

@@ -28,6 +28,7 @@ public:
         std::function<std::unique_ptr<engine::AudioSource>()> open_microphone;
         std::vector<std::string> sentences;  ///< to be read, at least one
         std::function<void()> changed;       ///< called when the session is at another stage
+        std::function<void()> leave;         ///< called when somebody says so
     };
 
     /// profile: outlives the page.
@@ -47,6 +48,7 @@ private:
     void MakeButtons();
     void LayOut();
     void Begin();
+    void BeginAnew();
     void Show(const VoiceSession::State& state);
     void ShowSentence(const VoiceSession::State& state);
     void ShowProgress(const VoiceSession::State& state);
@@ -63,6 +65,7 @@ private:
     QLabel* sentence_;
     QLabel* picture_;
     QLabel* status_;
+    QLabel* wishes_;
     LevelMeter* meter_;
     QPushButton* start_;
     QPushButton* again_;

@@ -17,6 +17,11 @@ constexpr int kMostAttempts = 3;
 /// Tenths of a second.
 constexpr int kLongWait = 100;
 
+/// By VoiceSession::Wish.
+const std::vector<std::string> kWishes{"skip this sentence", "cancel the training",
+                                       "close the window", "train once more",
+                                       "undo the last training"};
+
 VoiceSession::Advice AdviceOnGood(bool loud, bool quiet) {
     if (loud) return VoiceSession::Advice::good_but_loud;
     return quiet ? VoiceSession::Advice::good_but_quiet : VoiceSession::Advice::good;
@@ -60,7 +65,9 @@ ReadingMicrophone::Events VoiceSession::MicrophoneEvents() {
 }
 
 void VoiceSession::Load() {
-    worker_.Do([this, make = profile_.TrainingMaker(), first = sentences_.front()]() {
+    worker_.Do([this, make = profile_.TrainingMaker(), make_choice = profile_.ChoiceMaker(kWishes),
+                first = sentences_.front()]() {
+        choice_ = make_choice();
         training_ = make();
         const bool readable = training_->Read(first, {}) != ReadingVerdict::no_words;
         return readable ? Worker::Then() : [this] { LeaveFirstOut(); };
@@ -124,28 +131,69 @@ void VoiceSession::GoOn() {
 void VoiceSession::Heard(const Reading& reading) {
     if (checking_)
         waiting_ = reading;
-    else if (Awaits())
+    else if (Awaits() || (state_.stage == Stage::over && !resting_))
         Check(reading);
 }
 
 void VoiceSession::Check(const Reading& reading) {
     checking_ = true;
     Advise(Advice::checking);
-    worker_.Do([this, turn = turn_, sentence = sentences_[index_], reading]() -> Worker::Then {
-        const ReadingVerdict verdict = training_->Read(sentence, reading.sound);
-        return [this, turn, verdict, reading] {
+    const std::string sentence = MayBeRead() ? sentences_[index_] : std::string();
+    worker_.Do([this, turn = turn_, sentence, reading]() -> Worker::Then {
+        ReadingVerdict verdict = ReadingVerdict::other;
+        if (!sentence.empty()) verdict = training_->Read(sentence, reading.sound);
+        std::optional<std::size_t> choice;
+        if (verdict != ReadingVerdict::good && choice_) choice = choice_->Heard(reading.sound);
+        return [this, turn, verdict, choice, reading] {
             checking_ = false;
-            if (turn == turn_)
+            if (turn != turn_)
+                Forget(verdict);
+            else if (IsWish(choice))
+                Obey(static_cast<Wish>(*choice));
+            else if (MayBeRead())
                 Judge(verdict, reading);
-            else if (verdict == ReadingVerdict::good)
-                worker_.Do([this]() -> Worker::Then {
-                    training_->Forget();
-                    return {};
-                });
-            // What was read meanwhile was read for the sentence that is shown.
-            if (const auto next = std::exchange(waiting_, {}); next && Awaits()) Check(*next);
+            // What was said meanwhile was said to what is shown now.
+            if (const auto next = std::exchange(waiting_, {})) Heard(*next);
         };
     });
+}
+
+void VoiceSession::Forget(ReadingVerdict verdict) {
+    if (verdict != ReadingVerdict::good) return;
+    worker_.Do([this]() -> Worker::Then {
+        training_->Forget();
+        return {};
+    });
+}
+
+bool VoiceSession::IsWish(std::optional<std::size_t> choice) const {
+    if (!choice) return false;
+    switch (static_cast<Wish>(*choice)) {
+        case Wish::skip:
+            return MayBeRead();
+        case Wish::anew:
+            return state_.stage == Stage::over;
+        case Wish::undo:
+            return state_.can_undo;
+        case Wish::cancel:
+        case Wish::close:
+            return true;
+    }
+    return false;
+}
+
+void VoiceSession::Obey(Wish wish) {
+    switch (wish) {
+        case Wish::skip:
+            return Skip();
+        case Wish::anew:
+            return events_.Anew();
+        case Wish::undo:
+            return UndoTraining();
+        case Wish::cancel:
+        case Wish::close:
+            return events_.Leave();
+    }
 }
 
 void VoiceSession::Judge(ReadingVerdict verdict, const Reading& reading) {

@@ -18,7 +18,8 @@ namespace corvane::linux_desktop {
 
 /// One training to a voice, from the first sentence to what came of it, without anything to see.
 /// It goes on by itself: a sentence that was read well is followed by the next, and the last by the
-/// training. Needs a QCoreApplication, among whose messages it lives.
+/// training. What its buttons do can be said as well. Needs a QCoreApplication, among whose
+/// messages it lives.
 class VoiceSession {
 public:
     /// introduction: the first sentence may be read already, but need not be.
@@ -68,6 +69,9 @@ public:
     struct Events {
         std::function<void()> Changed;         ///< the state
         std::function<void(int level)> Level;  ///< of the microphone, 0 to 100
+        // What was wished by voice. The session must still be there when these return.
+        std::function<void()> Leave;
+        std::function<void()> Anew;
     };
 
     /// sentences: at least one; the first one is left out if nobody can read it. profile: outlives
@@ -93,10 +97,15 @@ public:
 private:
     using Reading = engine::ReadingCatcher::Reading;
 
+    /// What may be said instead of a sentence, see kWishes.
+    enum class Wish { skip, cancel, close, anew, undo };
+
     void Load();
     void LeaveFirstOut();
     void Heard(const Reading& reading);
     void Check(const Reading& reading);
+    void Forget(engine::ReadingVerdict verdict);
+    void Obey(Wish wish);
     void Judge(engine::ReadingVerdict verdict, const Reading& reading);
     void Advance(Advice advice);
     void Await(Advice advice);
@@ -106,6 +115,8 @@ private:
     void Finish(Outcome outcome);
     void HearLevel(int level);
     void HearSignal(bool there);
+    /// Whether something was wished that can be done now.
+    [[nodiscard]] bool IsWish(std::optional<std::size_t> choice) const;
     [[nodiscard]] bool MayBeRead() const;
     [[nodiscard]] bool Awaits() const;
     [[nodiscard]] ReadingMicrophone::Events MicrophoneEvents();
@@ -124,7 +135,10 @@ private:
     std::uint32_t turn_ = 0;          ///< another one when what has been heard counts no more
     std::optional<Reading> waiting_;  ///< heard while another was being checked
 
-    std::unique_ptr<engine::VoiceTraining> training_;  ///< the worker's own
+    // The worker's own.
+    std::unique_ptr<engine::VoiceTraining> training_;
+    std::unique_ptr<engine::SpokenChoice> choice_;
+
     Worker worker_;
     ReadingMicrophone microphone_;
 };

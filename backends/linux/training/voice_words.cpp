@@ -76,6 +76,23 @@ QString WordsOf(Advice advice) {
     return QString::fromUtf8(RowOf(advice).words);
 }
 
+QString WishesOf(const VoiceSession::State& state) {
+    switch (state.stage) {
+        case VoiceSession::Stage::introduction:
+        case VoiceSession::Stage::reading:
+            return QStringLiteral(
+                "You may also say “skip this sentence” or “cancel the training”.");
+        case VoiceSession::Stage::over:
+            return state.can_undo ? QStringLiteral(
+                                        "Say “close the window”, “train once more” or "
+                                        "“undo the last training”.")
+                                  : QStringLiteral("Say “close the window” or “train once more”.");
+        case VoiceSession::Stage::training:
+            break;
+    }
+    return {};
+}
+
 QStyle::StandardPixmap PictureOf(Advice advice) {
     return RowOf(advice).picture;
 }

@@ -10,6 +10,8 @@
 namespace corvane::linux_desktop {
 
 [[nodiscard]] QString WordsOf(VoiceSession::Advice advice);
+/// What may be said instead of a sentence.
+[[nodiscard]] QString WishesOf(const VoiceSession::State& state);
 [[nodiscard]] QStyle::StandardPixmap PictureOf(VoiceSession::Advice advice);
 
 /// What came of a training that is over, in a few words.

@@ -184,6 +184,20 @@ TEST_F(TrainingWindowTest, EscapeTheButtonAndTheWindowsOwnCrossCloseItAtAnyTime)
     EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 
+TEST_F(TrainingWindowTest, ItIsClosedAndBegunAnewByVoice) {
+    if (!engine::testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks here, is missing";
+    Train("", [this] {
+        Button("&Start")->click();
+        while (QPushButton* skip = Button("S&kip")) skip->click();
+        EXPECT_NE(Shown("What may be said").find("close the window"), std::string::npos);
+        Hear(Say("train once more"));
+        ASSERT_TRUE(Await([this] { return Button("S&kip") != nullptr; }));
+        EXPECT_EQ(Sentence(), kReadingSentences[0]);
+        Hear(Say("cancel the training"));
+        EXPECT_TRUE(Await([this] { return !window->isVisible(); }));
+    });
+}
+
 TEST_F(TrainingWindowTest, EnterStartsIt) {
     Train("", [this] {
         Press(Qt::Key_Return);

@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/speech_engine.h"
@@ -61,7 +62,9 @@ protected:
                                      [this](int to) {
                                          level = to;
                                          loudest = std::max(loudest, to);
-                                     }});
+                                     },
+                                 .Leave = [this] { left = true; },
+                                 .Anew = [this] { anew = true; }});
     }
     void MakeProfile() {
         const SpeechEngineConfig config;
@@ -107,6 +110,8 @@ protected:
     engine::testing::Microphone microphone;
     int level = 0;
     int loudest = 0;
+    bool left = false;
+    bool anew = false;
     std::unique_ptr<VoiceSession> session;
 };
 
@@ -320,6 +325,30 @@ TEST_F(VoiceSessionTest, WhoRestsIsNotHeard) {
     EXPECT_EQ(Now().advice, Advice::read);
     EXPECT_TRUE(ReadsWell(Say(kSentences[0])));
     EXPECT_EQ(Now().number, 2U);
+}
+
+TEST_F(VoiceSessionTest, WhatTheButtonsDoCanBeSaid) {
+    MakeProfile();
+    profile->KeepVoice(engine::SpeakerTransform::Identity());
+    Begin({kSentences[0], kSentences[1]});
+    Hear(Say("skip this sentence"));
+    ASSERT_TRUE(AwaitSentence(2));
+    EXPECT_EQ(Now().advice, Advice::skipped);
+    Hear(Say("train once more"));
+    ASSERT_TRUE(AwaitAdvice(Advice::other)) << "there is nothing to do anew";
+    Hear(Say("cancel the training"));
+    EXPECT_TRUE(Await([this] { return std::exchange(left, false); }));
+
+    Hear(Say("skip this sentence"));
+    ASSERT_TRUE(AwaitEnd());
+    Hear(Say("undo the last training"));
+    EXPECT_TRUE(Await([this] { return Now().outcome == Outcome::undone; }));
+    EXPECT_FALSE(AnythingIsKept());
+    Hear(Say("train once more"));
+    EXPECT_TRUE(Await([this] { return anew; }));
+    EXPECT_FALSE(left);
+    Hear(Say("close the window"));
+    EXPECT_TRUE(Await([this] { return left; }));
 }
 
 TEST_F(VoiceSessionTest, AnEarlierTrainingCanBeUndoneBeforeAnythingIsRead) {
