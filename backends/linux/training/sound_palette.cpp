@@ -38,7 +38,6 @@ SoundPalette::SoundPalette(std::function<void(const QString& sound)> chosen) {
     setFlow(LeftToRight);
     setWrapping(true);
     setResizeMode(Adjust);
-    setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     for (const Example& example : kExamples) {
         const QString text = tr("%1  as in %2").arg(Words(example.sound), Words(example.word));
