@@ -41,12 +41,15 @@ TrainingWindow::TrainingWindow(const std::string& title, engine::UserProfile& pr
     all->addWidget(pages);
     all->addLayout(buttons);
     NameTheWayOut();
+    voice_->setFocus();
 }
 
 void TrainingWindow::NameTheWayOut() {
     using Stage = VoiceSession::Stage;
-    const bool under_way = voice_->Stage() == Stage::reading || voice_->Stage() == Stage::training;
+    const Stage stage = voice_->Stage();
+    const bool under_way = stage == Stage::reading || stage == Stage::training;
     close_->setText(under_way ? tr("&Cancel") : tr("&Close"));
+    if (stage == Stage::training || stage == Stage::over) close_->setFocus();
 }
 
 }  // namespace corvane::linux_desktop

@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/training/voice_page.h"
 
+#include <QEvent>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -78,6 +79,9 @@ VoicePage::~VoicePage() = default;
 
 void VoicePage::MakeButtons() {
     start_->setDefault(true);
+    // Nobody is to lose a training by a key pressed without looking.
+    undo_->setAutoDefault(false);
+    setFocusProxy(start_);
     again_->setToolTip(tr("Read this sentence again from its beginning"));
     skip_->setToolTip(tr("Leave this sentence out"));
     anew_->setToolTip(tr("Read the sentences from the first one"));
@@ -159,13 +163,20 @@ void VoicePage::hideEvent(QHideEvent* event) {
     session_->Rest();
 }
 
+void VoicePage::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange && session_) Show(session_->Now());
+}
+
 void VoicePage::Show(const VoiceSession::State& state) {
     introduction_->setVisible(state.stage == Stage::introduction);
     ShowSentence(state);
     ShowProgress(state);
     ShowStatus(state);
     ShowButtons(state);
-    if (std::exchange(shown_stage_, state.stage) != state.stage) means_.changed();
+    if (std::exchange(shown_stage_, state.stage) == state.stage) return;
+    if (state.stage == Stage::reading) again_->setFocus();
+    means_.changed();
 }
 
 void VoicePage::ShowSentence(const VoiceSession::State& state) {
@@ -200,6 +211,7 @@ void VoicePage::ShowStatus(const VoiceSession::State& state) {
     const auto say = [this](const QString& words, QStyle::StandardPixmap picture) {
         SetText(*status_, words);
         const int size = fontMetrics().height() * 3 / 2;
+        picture_->setFixedWidth(size);
         picture_->setPixmap(style()->standardIcon(picture).pixmap(size));
     };
     meter_->setEnabled(state.stage == Stage::introduction || state.stage == Stage::reading);

@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/training/voice_session.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "runtime/failure.h"
@@ -200,7 +201,7 @@ void VoiceSession::Train() {
 
 void VoiceSession::Trained(const engine::TrainingResult& result) {
     if (!result.transform) return Finish(Outcome::no_help);
-    state_.improvement = (result.after - result.before) / -result.before;
+    state_.improvement = std::clamp(1.0 - result.after / result.before, 0.0, 1.0);
     Outcome outcome = Outcome::learnt;
     on_error([&] { profile_.KeepVoice(*result.transform); },
              [&](const RuntimeError& error) {

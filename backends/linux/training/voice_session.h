@@ -60,7 +60,7 @@ public:
         std::size_t count = 0;
         double trained = 0.0;  ///< share of the training that is done
         Outcome outcome = Outcome::none;
-        double improvement = 0.0;  ///< share of what the voice differed by; once it is learnt
+        double improvement = 0.0;  ///< share of what sentences held back differed by, 0 to 1
         std::string failure;  ///< of what was to be done last, in words; empty if there is none
         bool can_undo = false;
     };

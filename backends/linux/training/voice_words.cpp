@@ -2,7 +2,6 @@
 #include "linux/training/voice_words.h"
 
 #include <array>
-#include <cmath>
 
 namespace corvane::linux_desktop {
 namespace {
@@ -62,7 +61,7 @@ constexpr bool StandInTheirPlaces() {
 }
 static_assert(StandInTheirPlaces());
 
-/// The share of what a voice differs by that is gone, in a person's words.
+/// In a person's words.
 QString HowMuchBetter(double improvement) {
     constexpr double kMuch = 0.2;
     constexpr double kClear = 0.08;
@@ -103,11 +102,9 @@ QString ExplanationOf(const VoiceSession::State& state) {
     switch (state.outcome) {
         case Outcome::learnt:
             return QStringLiteral(
-                       "You are understood %1: on sentences that were held back to try it, what "
-                       "your voice differs by has shrunk by %2 %. From now on commands and "
-                       "dictation expect your voice.")
-                .arg(HowMuchBetter(state.improvement))
-                .arg(std::lround(100.0 * state.improvement));
+                       "You are understood %1: sentences that were held back to try it fit your "
+                       "voice closer than before. From now on commands and dictation expect it.")
+                .arg(HowMuchBetter(state.improvement));
         case Outcome::no_help:
             return QStringLiteral(
                 "The training did not help on sentences that were held back to try it, so it was "
