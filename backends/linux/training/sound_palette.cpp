@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/training/sound_palette.h"
 
+#include <QEvent>
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -37,22 +38,32 @@ SoundPalette::SoundPalette(std::function<void(const QString& sound)> chosen) {
     setFlow(LeftToRight);
     setWrapping(true);
     setResizeMode(Adjust);
-    setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    int width = 0;
     for (const Example& example : kExamples) {
         const QString text = tr("%1  as in %2").arg(Words(example.sound), Words(example.word));
         auto* item = new QListWidgetItem(text, this);
         item->setData(Qt::UserRole, Words(example.sound));
         item->setToolTip(tr("Double click or Enter writes it"));
-        width = std::max(width, fontMetrics().horizontalAdvance(text));
     }
-    const int em = fontMetrics().height();
-    setGridSize({width + em, em + em / 3});
+    FitGrid();
     connect(this, &QListWidget::itemActivated, this,
             [chosen = std::move(chosen)](const QListWidgetItem* item) {
                 chosen(item->data(Qt::UserRole).toString());
             });
+}
+
+void SoundPalette::FitGrid() {
+    int width = 0;
+    for (int row = 0; row < count(); ++row)
+        width = std::max(width, fontMetrics().horizontalAdvance(item(row)->text()));
+    const int em = fontMetrics().height();
+    setGridSize({width + em, em + em / 3});
+    updateGeometry();
+}
+
+void SoundPalette::changeEvent(QEvent* event) {
+    QListWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) FitGrid();
 }
 
 QSize SoundPalette::Rows(int rows) const {

@@ -15,7 +15,12 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    /// As the font is.
+    void FitGrid();
     [[nodiscard]] QSize Rows(int rows) const;
 };
 

@@ -53,6 +53,10 @@ WordsPage::WordsPage(engine::UserProfile& profile, Means means, const std::strin
     LayOut();
     ListWords();
     Suggest();
+    if (profile_.Words().empty())
+        Tell(tr("Add names and other words that are not understood: commands and dictation know "
+                "them at once."),
+             false);
 }
 
 void WordsPage::MakeParts(const std::string& word) {
