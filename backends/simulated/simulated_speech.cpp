@@ -22,7 +22,7 @@ std::shared_ptr<ISpeechRecoContext> SimulatedSpeech::CreateSpSharedRecoContext()
     record_.Call("CreateSpSharedRecoContext");
     if (!stream_begin_) stream_begin_ = queue_.Now();
     std::erase_if(contexts_, [](const auto& former) { return former.expired(); });
-    auto context = std::make_shared<SimulatedContext>(record_, files_);
+    auto context = std::make_shared<SimulatedContext>(record_, files_, OnDisplayUI);
     contexts_.push_back(context);
     return context;
 }

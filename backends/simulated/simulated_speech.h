@@ -46,6 +46,9 @@ public:
     /// The engine has trouble hearing.
     void Trouble(std::int32_t interference);
     void Adapted();
+    /// What a person does while one of the engine's dialogs stands; nothing at first, and it
+    /// closes.
+    std::function<void()> OnDisplayUI = [] {};
 
     /// Contexts that something still holds.
     [[nodiscard]] std::vector<std::shared_ptr<SimulatedContext>> Contexts() const;

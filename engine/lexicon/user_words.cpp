@@ -53,6 +53,10 @@ bool IsWordToLearn(const std::string& word) {
            });
 }
 
+std::span<const std::string_view> Phones() {
+    return kPhones;
+}
+
 bool ArePhones(const std::string& phones) {
     std::istringstream names(phones);
     std::size_t count = 0;

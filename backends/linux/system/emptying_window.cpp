@@ -7,9 +7,9 @@
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QTimer>
-#include <QWidget>
-#include <QWindow>
 #include <chrono>
+
+#include "linux/windows/put_over.h"
 
 namespace corvane::linux_desktop {
 namespace {
@@ -24,14 +24,6 @@ void ShowProgress(const Emptying& emptying, QProgressDialog& window) {
     const qlonglong removed = emptying.files_removed;
     window.setLabelText(QStringLiteral("Emptying the recycle bin\n%1 files and folders deleted")
                             .arg(QLocale().toString(removed)));
-}
-
-void PutOver(HWND owner, QWidget& window) {
-    const QWidget* below = QWidget::find(owner);
-    if (below == nullptr || !below->isVisible()) return;
-    window.winId();  // makes its window
-    // Not its child, since the owner may be unloaded meanwhile.
-    window.windowHandle()->setTransientParent(below->windowHandle());
 }
 
 }  // namespace
