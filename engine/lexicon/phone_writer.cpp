@@ -40,7 +40,7 @@ PhoneString NumbersOf(const std::string& phones, const ModelDefinition& definiti
 }  // namespace
 
 PhoneWriter::PhoneWriter(const std::string& acoustic_model,
-                         std::shared_ptr<const SpeakerTransform> voice)
+                         const std::shared_ptr<const SpeakerTransform>& voice)
     : definition_(Needed(ModelDefinition::Load(acoustic_model), acoustic_model)),
       model_(ModelOf(acoustic_model, definition_, voice.get())),
       features_(acoustic_model) {}

@@ -24,7 +24,8 @@ public:
     /// voice: whose words they are; empty: one of the model's. To load takes part of a second;
     /// raises kAutomationError when the model can't be read, or is not of the kind whose sounds can
     /// be compared one by one.
-    PhoneWriter(const std::string& acoustic_model, std::shared_ptr<const SpeakerTransform> voice);
+    PhoneWriter(const std::string& acoustic_model,
+                const std::shared_ptr<const SpeakerTransform>& voice);
 
     /// The phones of what is said there, parted by blanks; empty when nothing is, or too much for a
     /// word. Sounds alone are easily mistaken, so what lies near one of the guesses is read as it:

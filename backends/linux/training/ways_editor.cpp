@@ -224,8 +224,7 @@ void WaysEditor::StopRecording() {
     meter_->setValue(0);
     if (!microphone_) return;
     // It may be in one of its events.
-    QMetaObject::invokeMethod(
-        this, [gone = std::shared_ptr(std::move(microphone_))] {}, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [gone = std::shared_ptr(std::move(microphone_))] {});
 }
 
 void WaysEditor::Recorded(const engine::ReadingCatcher::Reading& reading) {
