@@ -28,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(reading.program.size() <= longest, "the longest is tried first");
         longest = reading.program.size();
         std::size_t bytes = reading.program.size();
-        for (const std::string& argument : reading.arguments) bytes += argument.size();
+        for (const std::string& argument : ArgumentsOf(reading.rest)) bytes += argument.size();
         Require(bytes <= size, "nothing is there twice");
     }
     return 0;

@@ -47,15 +47,23 @@ PropertyValue SomeValue(FuzzedDataProvider& data, const Picture& picture) {
 
 /// A turn has 360 degrees; drawings that go round much more often take their time, as they are
 /// asked to.
-bool DrawsForever(const bkCProg& gauge) {
+bool DrawsForever(const PropertyBag& bag) {
     constexpr double kMostDegrees = 3600;
-    const double range = double{1} * gauge.Max().rep() - gauge.Min().rep();
-    if (range == 0) return false;
-    const double span = gauge.Span().rep();
-    const double share = (double{1} * gauge.Value().rep() - gauge.Min().rep()) / range;
-    const double step = double{gauge.TickFrequency()} / range * span;
-    return std::abs(span) > kMostDegrees || std::abs(span * share) > kMostDegrees ||
-           !(std::abs(step) > 0.1);
+    try {
+        const auto number = [&](std::string_view key, std::int32_t otherwise) {
+            return double{1} * CLng(bag.ReadProperty(key, Long(otherwise))).rep();
+        };
+        const double low = number("Min", 0);
+        const double range = number("Max", 100) - low;
+        if (range == 0) return false;  // nor where there is no share to be shown
+        const double span = number("Span", 360);
+        const double share = (number("Value", 50) - low) / range;
+        const double step = CSng(bag.ReadProperty("TickFrequency", Single(10.0F))) / range * span;
+        return !(std::abs(span) < kMostDegrees && std::abs(span * share) < kMostDegrees &&
+                 std::abs(step) > 0.1);
+    } catch (const RuntimeError&) {
+        return false;  // nothing is drawn of what can't be read
+    }
 }
 
 }  // namespace
@@ -75,12 +83,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         // One key is not named after its member.
         const std::string_view key =
             member == kGaugeMembers.size() ? "Border" : kGaugeMembers[member].name;
-        // The mask is drawn at once; it comes when it is known that the drawing has an end.
-        if (key != "AutoMask") bag.Put(key, SomeValue(data, picture));
+        bag.Put(key, SomeValue(data, picture));
     }
+    if (DrawsForever(bag)) return 0;
     try {
         gauge.ReadProperties(bag);
-        if (!DrawsForever(gauge)) gauge.SetAutoMask(true);
+        gauge.Repaint();
     } catch (const RuntimeError& error) {
         Require(error.number() > 0, "an error has its number");
     }

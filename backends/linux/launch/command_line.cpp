@@ -2,7 +2,9 @@
 #include "linux/launch/command_line.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstddef>
+#include <utility>
 
 namespace corvane::linux_desktop {
 namespace {
@@ -42,34 +44,36 @@ std::vector<std::size_t> PartingBlanks(std::string_view line) {
     return blanks;
 }
 
-std::vector<std::string> Arguments(std::string_view text) {
-    std::vector<std::string> arguments;
-    std::size_t from = 0;
-    for (const std::size_t blank : PartingBlanks(text)) {
-        arguments.push_back(WithoutQuotes(Trimmed(text.substr(from, blank - from))));
-        from = blank + 1;
-    }
-    arguments.push_back(WithoutQuotes(Trimmed(text.substr(from))));
-    return arguments;
-}
-
 }  // namespace
 
 std::vector<CommandReading> ReadCommandLine(std::string_view line) {
     line = Trimmed(line);
     std::vector<CommandReading> readings;
-    const auto add = [&](std::string_view program, std::vector<std::string> arguments) {
+    const auto add = [&](std::string_view program, std::string_view rest) {
         program = Trimmed(program);
-        CommandReading reading{WithoutQuotes(program), std::move(arguments)};
-        if (MayNameProgram(program) && !reading.program.empty())
+        // A line of thousands of blanks has as many readings, but hardly any of a program.
+        if (program.size() > PATH_MAX || !MayNameProgram(program)) return;
+        if (CommandReading reading{WithoutQuotes(program), rest}; !reading.program.empty())
             readings.push_back(std::move(reading));
     };
     add(line, {});
     auto blanks = PartingBlanks(line);
     std::ranges::reverse(blanks);
-    for (const std::size_t blank : blanks)
-        add(line.substr(0, blank), Arguments(line.substr(blank + 1)));
+    for (const std::size_t blank : blanks) add(line.substr(0, blank), line.substr(blank + 1));
     return readings;
+}
+
+std::vector<std::string> ArgumentsOf(std::string_view rest) {
+    std::vector<std::string> arguments;
+    rest = Trimmed(rest);
+    if (rest.empty()) return arguments;
+    std::size_t from = 0;
+    for (const std::size_t blank : PartingBlanks(rest)) {
+        arguments.push_back(WithoutQuotes(Trimmed(rest.substr(from, blank - from))));
+        from = blank + 1;
+    }
+    arguments.push_back(WithoutQuotes(Trimmed(rest.substr(from))));
+    return arguments;
 }
 
 }  // namespace corvane::linux_desktop

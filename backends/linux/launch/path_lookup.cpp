@@ -2,6 +2,7 @@
 #include "linux/launch/path_lookup.h"
 
 #include <algorithm>
+#include <climits>
 #include <iterator>
 #include <system_error>
 #include <vector>
@@ -25,6 +26,7 @@ bool Alike(const std::string& a, const std::string& b) {
 std::vector<fs::path> Spellings(const fs::path& folder, const std::string& name) {
     std::error_code ignored;
     std::vector<fs::path> found;
+    if (name.size() > NAME_MAX) return found;
     for (fs::directory_iterator entry(folder, ignored), end; !ignored && entry != end;
          entry.increment(ignored))
         if (Alike(entry->path().filename().string(), name)) found.push_back(entry->path());

@@ -155,7 +155,8 @@ std::optional<Invocation> FindInvocation(const std::string& line, const SearchPl
     for (const CommandReading& reading : ReadCommandLine(line)) {
         auto invocation = search.Find(reading.program);
         if (!invocation) continue;
-        invocation->insert(invocation->end(), reading.arguments.begin(), reading.arguments.end());
+        const auto arguments = ArgumentsOf(reading.rest);
+        invocation->insert(invocation->end(), arguments.begin(), arguments.end());
         return invocation;
     }
     return std::nullopt;

@@ -25,6 +25,7 @@
 #include "runtime/message_loop.h"
 #include "runtime/text.h"
 #include "support/print_server.h"
+#include "support/small_disk.h"
 #include "temporary_folder.h"
 
 namespace corvane::linux_desktop {
@@ -228,6 +229,21 @@ TEST_F(PadPrinting, TextPutInAtTheCaretIsPrinted) {
     EXPECT_EQ(pad->txtSpeech.Text(), "dictated words ");
     PrintPage();
     EXPECT_EQ(WordsOf(OnlyJob(server)), WordsOf("dictated words"));
+}
+
+TEST_F(PadPrinting, AJobThatHasNoRoomOnItsWayIsAbandonedAndTheNextComesOut) {
+    const corvane::testing::SmallDisk disk;
+    if (!disk.IsThere()) GTEST_SKIP() << "no file system may be mounted here";
+    const PrintServer server;
+    pad->txtSpeech.SetText(LongText());
+    disk.Fill();
+    setenv("TMPDIR", (disk / "").c_str(), 1);
+    PrintPage();
+    unsetenv("TMPDIR");
+    EXPECT_EQ(server.Jobs(), std::vector<std::string>());
+    pad->txtSpeech.SetText("one two three");
+    PrintPage();
+    EXPECT_EQ(WordsOf(OnlyJob(server)), WordsOf("one two three"));
 }
 
 TEST_F(PadPrinting, WithoutAPrinterNothingComesOutAnywhere) {

@@ -46,10 +46,9 @@ private:
     void Hear(const std::string& phrase) { EXPECT_TRUE(desk.Hear(phrase)) << phrase; }
     void Commands() {
         for (const std::string phrase :
-             {"run notepad please", "what time is it", "what is the date today", "copy",
-              "paste", "yes", "maximize", "minimize", "open the tray",
-              "how much ram do i have", "hide corvane", "show corvane", "disable", "enable",
-              "run notepad please"})
+             {"run notepad please", "what time is it", "what is the date today", "copy", "paste",
+              "yes", "maximize", "minimize", "open the tray", "how much ram do i have",
+              "hide corvane", "show corvane", "disable", "enable", "run notepad please"})
             Hear(phrase);
         desk.Hear("what time is it", SECLowConfidence);
         desk.desktop.RunFor(30s);

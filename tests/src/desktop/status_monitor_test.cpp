@@ -51,6 +51,16 @@ TEST_F(StatusMonitorTest, ATickAsksInItsOrder) {
         << "flags begin at 0 in each tick";
 }
 
+TEST_F(StatusMonitorTest, AClockThatIsSetBackOrForwardDoesNotDelayIt) {
+    for (const auto jump : {-24h, 24h * 400, 0h}) {
+        desk.desktop.runtime.SetClock(std::chrono::sys_days(std::chrono::year(2024) / 2 / 28) +
+                                      jump);
+        Tick();
+        EXPECT_EQ(machine.Asked(),
+                  "GetDiskFreeSpaceExA /:\\\nGlobalMemoryStatus\nInternetGetConnectedState 0 0\n");
+    }
+}
+
 TEST_F(StatusMonitorTest, TheGaugesShowFreeSpaceAndFreeMemory) {
     Tick();
     EXPECT_EQ(Gauge("bkCProg1"), "37%\n37%\n");

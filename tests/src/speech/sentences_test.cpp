@@ -61,6 +61,20 @@ TEST(Sentences, DateAndTimeAreThoseOfTheMomentOfTheQuestion) {
               "voice.EventInterests 512\nSpeak \"The <emph>time</emph> is, 12:00 AM\" flags=11\n");
 }
 
+TEST(Sentences, TheTimeIsThatOfAClockThatWasSetMeanwhile) {
+    Desk desk;
+    desk.Start();
+    for (const auto hour : {8h, 3h}) {
+        desk.desktop.runtime.SetClock(std::chrono::sys_days(std::chrono::year(2024) / 2 / 28) +
+                                      hour);
+        desk.Transcript();
+        desk.Hear("what time is it");
+        EXPECT_EQ(desk.Transcript(),
+                  "voice.EventInterests 512\nSpeak \"The <emph>time</emph> is, " +
+                      std::to_string(hour.count()) + ":00 AM\" flags=11\n");
+    }
+}
+
 TEST(Sentences, DaysAndHalvesOfTheDayAreCalledAsThePersonsLocaleDoes) {
     Desk desk;
     DateNames names;
