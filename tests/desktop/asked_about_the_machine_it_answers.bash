@@ -58,12 +58,12 @@ right_about_the_disk() {
 right_about_the_memory() { [[ $1 == "memory $memory" ]]; }
 
 # answers_right CHECK QUESTION...: the recogniser does not always hear a synthetic voice right, so
-# it may ask twice more.
+# two other voices may ask once more.
 answers_right() {
-    local check=$1 said
+    local check=$1 said voice
     shift
-    for _ in 1 2 3; do
-        said=$(answer_to "$@")
+    for voice in slt rms awb; do
+        said=$(answer_to --voice "$voice" "$@")
         echo "asked \"$*\", it says: $said"
         ! "$check" "$said" || return 0
     done

@@ -96,8 +96,9 @@ PYTHON
     echo "$1.wav"
 }
 
-# say_until CONDITION... -- WORDS...: a word alone and free speech are not always heard right, so three
-# voices try in turn; fails when the condition holds after none of them.
+# say_until CONDITION... -- WORDS...: no phrase is heard right each time, least of all a word alone or
+# free speech, so three voices try in turn; fails when the condition holds after none of them. The end
+# of the words that were said last is in $said, in nanoseconds.
 say_until() {
     local condition=() voice
     while [[ $1 != -- ]]; do
@@ -105,9 +106,10 @@ say_until() {
         shift
     done
     shift
-    for voice in slt rms awb; do
+    for voice in rms slt awb; do
         "$tools/say-into-mic" --voice "$voice" "$@"
-        ! wait_until 6 "${condition[@]}" || return 0
+        said=$(($(date +%s%N) - 300000000)) # the silence behind the words
+        ! wait_until 10 "${condition[@]}" || return 0
     done
     return 1
 }
