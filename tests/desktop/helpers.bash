@@ -80,9 +80,11 @@ record_speaker() {
 
 # has_been_heard_out RECORDING: there was sound, and none in the last second.
 has_been_heard_out() {
-    (($(stat -c %s "$1") > 16000 * 2)) || return 1
-    tail -c $((16000 * 2)) "$1" > "$1.tail"
-    (($(loudness "$1") > 50 && $(loudness "$1.tail") < 5))
+    # Both looks are at the same moment: the recording goes on meanwhile.
+    cp "$1" "$1.so_far"
+    (($(stat -c %s "$1.so_far") > 16000 * 2)) || return 1
+    tail -c $((16000 * 2)) "$1.so_far" > "$1.tail"
+    (($(loudness "$1.so_far") > 50 && $(loudness "$1.tail") < 5))
 }
 
 # to_wav RECORDING: as a WAV file, whose name is printed.

@@ -18,10 +18,19 @@ expect "a month is shown in quiet mode too" say_until month_is "September 2001" 
 expect "a command is not carried out then" stays_so 3 terminals_are 1
 
 expect "the calendar is away" say_until window_gone "$calendar" -- close me
-expect "a month is heard while it is hidden" say_until accepted_are 1 "february" -- february
-expect "the commands are on again" say_until accepted_are 1 "enable" -- enable
-expect "the calendar is back" say_until window_is_there "$calendar" -- show me the calendar
-expect "hidden it has heard on" wait_until 10 month_is "February 2001"
+# shown_in_february VOICE: whether that voice's "february" was heard while the calendar was hidden.
+shown_in_february() {
+    "$tools/say-into-mic" --voice "$1" february
+    expect "the commands are on" say_until accepted_are 1 "enable" -- enable
+    expect "the calendar is back" say_until window_is_there "$calendar" -- show me the calendar
+    ! wait_until 3 month_is "February 2001" || return 0
+    expect "the calendar is away again" say_until window_gone "$calendar" -- close me
+    return 1
+}
+shown_in_february_by_some_voice() {
+    shown_in_february rms || shown_in_february slt || shown_in_february awb
+}
+expect "hidden it has heard on" shown_in_february_by_some_voice
 
 close_by_frame "$calendar"
 expect "the program runs on" program_is_running
