@@ -99,8 +99,8 @@ PYTHON
 }
 
 # say_until CONDITION... -- WORDS...: no phrase is heard right each time, least of all a word alone or
-# free speech, so three voices try in turn; fails when the condition holds after none of them. The end
-# of the words that were said last is in $said, in nanoseconds.
+# free speech, so three voices try in turn, and one of them slowly; fails when the condition holds after
+# none of them. The end of the words that were said last is in $said, in nanoseconds.
 say_until() {
     local condition=() voice
     while [[ $1 != -- ]]; do
@@ -108,8 +108,8 @@ say_until() {
         shift
     done
     shift
-    for voice in rms slt awb; do
-        "$tools/say-into-mic" --voice "$voice" "$@"
+    for voice in rms slt awb "slt --slowly"; do
+        "$tools/say-into-mic" --voice $voice "$@" # a name, and perhaps an option
         said=$(($(date +%s%N) - 300000000)) # the silence behind the words
         ! wait_until 10 "${condition[@]}" || return 0
     done
