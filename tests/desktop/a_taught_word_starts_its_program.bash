@@ -24,9 +24,7 @@ stored=$(printf 'notepad\n/usr/bin/xterm.exe\nzimbola\n%s' "$path")
 expect "Enter adds it" wait_until 10 store_is "$stored"
 expect "the boxes are empty" wait_until 10 path_box_is ""
 
-"$tools/say-into-mic" --voice rms zimbola
-said=$(($(date +%s%N) - 300000000)) # the silence behind the word
-expect "the program has started" wait_until 10 marks_are 1
+expect "the program has started" say_until marks_are 1 -- zimbola
 echo "It started $((($(< "$mark") - said) / 1000000)) ms after the word's end."
 
 click_row 2
@@ -35,5 +33,4 @@ click_delete
 expect "the word is gone" wait_until 10 store_is "$(printf 'notepad\n/usr/bin/xterm.exe')"
 "$tools/say-into-mic" --voice rms zimbola
 expect "the program does not start" stays_so 3 marks_are 1
-"$tools/say-into-mic" --voice rms run notepad please
-expect "the other keyword still works" wait_until 10 terminals_are 1
+expect "the other keyword still works" say_until terminals_are 1 -- run notepad please

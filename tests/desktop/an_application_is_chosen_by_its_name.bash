@@ -26,11 +26,10 @@ xdotool type "pictures"
 expect "the keyword is typed" wait_until 10 keyword_box_is "pictures"
 click_add
 expect "it is stored" wait_until 10 store_is "$(printf 'notepad\n/usr/bin/xterm.exe\npictures\n%s' "$path")"
-"$tools/say-into-mic" --voice rms run pictures please
-expect "the application has started" wait_until 10 marks_are 1
+expect "the application has started" say_until marks_are 1 -- run pictures please
 
 click_row 2 2
 expect "a double click takes the row out" wait_until 10 store_is "$(printf 'notepad\n/usr/bin/xterm.exe')"
-"$tools/say-into-mic" --voice rms run pictures please
-expect "the word is still heard" wait_until 10 accepted_are 2 "run pictures please"
+expect "the word is still heard" \
+    say_until accepted_are 2 "run pictures please" -- run pictures please
 expect "and starts nothing" stays_so 2 marks_are 1

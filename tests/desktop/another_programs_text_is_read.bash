@@ -13,18 +13,17 @@ letter=$!
 expect "the other program is there" wait_until 10 window_is_there "A letter"
 xdotool windowactivate --sync "$(xdotool search --onlyvisible --name '^A letter$')"
 
-"$tools/say-into-mic" read all the text
-expect "the phrase is accepted" wait_until 10 accepted_are 1 "read all the text"
+expect "the phrase is accepted" \
+    say_until accepted_are 1 "read all the text" -- read all the text
 expect "all of the text is on the whiteboard" wait_until 10 whiteboard_is $'Dear Ann,\nall is well.'
 
 # All is still highlighted; then only the first word; then nothing.
 xdotool key ctrl+Home ctrl+shift+Right
-"$tools/say-into-mic" read the selected text
-expect "only the highlighted word is on the whiteboard" wait_until 10 whiteboard_is "Dear "
+expect "only the highlighted word is on the whiteboard" \
+    say_until whiteboard_is "Dear " -- read the selected text
 xdotool key ctrl+End
-"$tools/say-into-mic" read the selected text
-expect "with nothing highlighted the whiteboard is emptied" wait_until 10 whiteboard_is ""
-"$tools/say-into-mic" read all the text
-expect "it is read again" wait_until 10 whiteboard_is $'Dear Ann,\nall is well.'
+expect "with nothing highlighted the whiteboard is emptied" \
+    say_until whiteboard_is "" -- read the selected text
+expect "it is read again" say_until whiteboard_is $'Dear Ann,\nall is well.' -- read all the text
 expect "four commands were accepted" accepted_are 4
 kill "$letter"

@@ -58,12 +58,12 @@ right_about_the_disk() {
 right_about_the_memory() { [[ $1 == "memory $memory" ]]; }
 
 # answers_right CHECK QUESTION...: the recogniser does not always hear a synthetic voice right, so
-# it may ask twice more.
+# two other voices may ask once more.
 answers_right() {
-    local check=$1 said
+    local check=$1 said voice
     shift
-    for _ in 1 2 3; do
-        said=$(answer_to "$@")
+    for voice in slt rms awb; do
+        said=$(answer_to --voice "$voice" --slowly "$@")
         echo "asked \"$*\", it says: $said"
         ! "$check" "$said" || return 0
     done
@@ -73,4 +73,4 @@ answers_right() {
 start_and_wait "$1"
 expect "it tells the memory, $memory megabytes" answers_right right_about_the_memory how much ram
 expect "it tells what is free on the disk, $(disk_free) percent" \
-    answers_right right_about_the_disk free space on c
+    answers_right right_about_the_disk free space remaining c

@@ -31,25 +31,25 @@ print('<GRAMMAR LANGID="409"><RULE NAME="time" TOPLEVEL="ACTIVE"><P>the time is<
       choice(ones[1:13]), choice(minutes), choice(["a m", "p m"]), "</RULE></GRAMMAR>")
 PYTHON
 
-# What is said to the question, in words.
+# answer VOICE: what is said to the question, in words.
 answer() {
     local spoken
-    spoken=$(record_speaker "$tools/say-into-mic" what time is it)
+    spoken=$(record_speaker "$tools/say-into-mic" --voice "$1" what time is it)
     "$hear" --grammar "$scratch/times.xml" "$spoken" |
         awk -F '\t' '$2 == "recognition" { print $9 }'
 }
 
 # says_at HOUR MINUTE WORDS: asked at that time, it says these words, or the one pattern in them.
-# The recogniser does not always hear a synthetic voice right, so it may ask twice more; of the 1440
-# answers a wrong one would hardly be taken for this one.
+# The recogniser does not always hear a synthetic voice right, so two others may ask once more; of the
+# 1440 answers a wrong one would hardly be taken for this one.
 says_at() {
-    local said right= question
+    local said right= voice
     TZ=$(zone_where_it_is "$1" "$2")
     export TZ
     start_and_wait "$executable"
-    for question in 1 2 3; do
-        said=$(answer)
-        echo "question $question: $said"
+    for voice in slt rms awb; do
+        said=$(answer "$voice")
+        echo "asked by $voice: $said"
         ! grep -qxE "the time is $3" <<< "$said" || right=yes
         [[ -z $right ]] || break
     done

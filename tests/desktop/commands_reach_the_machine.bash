@@ -45,14 +45,11 @@ other_trash() {
 
 start_and_wait "$1"
 
-"$tools/say-into-mic" dial the internet
-expect "the modem is connected" wait_until 15 words_are "Connection via modem"
-"$tools/say-into-mic" hang up the internet
-expect "and no longer" wait_until 15 words_are "Disconnected"
+expect "the modem is connected" say_until words_are "Connection via modem" -- dial the internet
+expect "and no longer" say_until words_are "Disconnected" -- hang up the internet
 
 if [[ -z $(other_trash) ]]; then
-    "$tools/say-into-mic" empty the recycle bin
-    expect "the trash is empty" wait_until 15 trash_is_empty
+    expect "the trash is empty" say_until trash_is_empty -- empty the recycle bin
 else
     echo "left out: another volume's trash is in use"
 fi
@@ -63,8 +60,7 @@ for attempt in "--voice rms shuttle down" "--voice awb shout it down" "shutter d
     "$tools/say-into-mic" $attempt  # several words, options among them
     ! wait_until 3 thrown_out shutdown || break
 done
-"$tools/say-into-mic" run notepad please
-expect "the program still hears" wait_until 10 terminals_are 1
+expect "the program still hears" say_until terminals_are 1 -- run notepad please
 expect "a shutdown was heard, and doubted" thrown_out shutdown
 expect "a doubtful shutdown is none" machine_was_asked ""
 

@@ -44,5 +44,4 @@ expect "the words that asked for it stand behind it" wait_until 10 pad_text_is "
 expect "a phrase is taken back" scratches_with_some_voice
 
 expect "the pad is closed by voice" say_until pad_is_gone -- quit dictation
-"$tools/say-into-mic" --voice rms run notepad please
-expect "commands are heard again" wait_until 10 terminals_are 1
+expect "commands are heard again" say_until terminals_are 1 -- run notepad please

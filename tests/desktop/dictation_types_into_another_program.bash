@@ -37,7 +37,7 @@ commands_are_back() {
         "$tools/say-into-mic" --voice "$voice" quit dictation
         sleep 1
         "$tools/say-into-mic" --voice rms run notepad please
-        ! wait_until 6 terminals_are 2 || return 0
+        ! wait_until 10 terminals_are 2 || return 0
     done
     return 1
 }

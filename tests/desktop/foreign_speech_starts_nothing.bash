@@ -10,7 +10,6 @@ start_and_wait "$1"
 "$tools/say-into-mic" --voice awb "nobody expected the train from Edinburgh to be early"
 
 # The program still hears: a command in between would be carried out.
-"$tools/say-into-mic" run notepad please
-expect "the command afterwards is heard" wait_until 10 terminals_are 1
+expect "the command afterwards is heard" say_until terminals_are 1 -- run notepad please
 expect "only the command was accepted" stays_so 3 accepted_are 1
 expect "only the command started something" terminals_are 1

@@ -80,9 +80,11 @@ record_speaker() {
 
 # has_been_heard_out RECORDING: there was sound, and none in the last second.
 has_been_heard_out() {
-    (($(stat -c %s "$1") > 16000 * 2)) || return 1
-    tail -c $((16000 * 2)) "$1" > "$1.tail"
-    (($(loudness "$1") > 50 && $(loudness "$1.tail") < 5))
+    # Both looks are at the same moment: the recording goes on meanwhile.
+    cp "$1" "$1.so_far"
+    (($(stat -c %s "$1.so_far") > 16000 * 2)) || return 1
+    tail -c $((16000 * 2)) "$1.so_far" > "$1.tail"
+    (($(loudness "$1.so_far") > 50 && $(loudness "$1.tail") < 5))
 }
 
 # to_wav RECORDING: as a WAV file, whose name is printed.
@@ -96,8 +98,9 @@ PYTHON
     echo "$1.wav"
 }
 
-# say_until CONDITION... -- WORDS...: a word alone and free speech are not always heard right, so three
-# voices try in turn; fails when the condition holds after none of them.
+# say_until CONDITION... -- WORDS...: no phrase is heard right each time, least of all a word alone or
+# free speech, so three voices try in turn, and one of them slowly; fails when the condition holds after
+# none of them. The end of the words that were said last is in $said, in nanoseconds.
 say_until() {
     local condition=() voice
     while [[ $1 != -- ]]; do
@@ -105,9 +108,10 @@ say_until() {
         shift
     done
     shift
-    for voice in slt rms awb; do
-        "$tools/say-into-mic" --voice "$voice" "$@"
-        ! wait_until 6 "${condition[@]}" || return 0
+    for voice in rms slt awb "slt --slowly"; do
+        "$tools/say-into-mic" --voice $voice "$@" # a name, and perhaps an option
+        said=$(($(date +%s%N) - 300000000)) # the silence behind the words
+        ! wait_until 10 "${condition[@]}" || return 0
     done
     return 1
 }

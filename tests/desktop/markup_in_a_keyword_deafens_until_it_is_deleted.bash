@@ -18,6 +18,6 @@ for keyword in 'a<b' 'a & b' 'a "b"'; do
     expect "its row is chosen" wait_until 10 keyword_box_is "$keyword"
     click_delete
     expect "it is deleted" wait_until 10 keyword_box_is ""
-    "$tools/say-into-mic" --voice rms run notepad please
-    expect "commands are heard again" wait_until 10 terminals_are $((terminals_before + 1))
+    expect "commands are heard again" \
+        say_until terminals_are $((terminals_before + 1)) -- run notepad please
 done

@@ -45,10 +45,7 @@ PYTHON
 "$scratch/program/corvane" > "$scratch/program/output.txt" 2>&1 &
 program=$!
 expect "the program listens" becomes_ready
-"$tools/say-into-mic" --voice rms run zimbola please
-said=$(($(date +%s%N) - 300000000)) # the silence behind the words
-expect "the last keyword's program has started" wait_until 60 marks_are 1
+expect "the last keyword's program has started" say_until marks_are 1 -- run zimbola please
 echo "It started $((($(< "$mark") - said) / 1000000)) ms after the words' end."
 
-"$tools/say-into-mic" --voice rms add program
-expect "the window is there" wait_until 60 window_is_there "$add_programs"
+expect "the window is there" say_until window_is_there "$add_programs" -- add program

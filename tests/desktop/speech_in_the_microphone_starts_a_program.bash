@@ -6,7 +6,6 @@ source "$(dirname "${BASH_SOURCE[0]}")/helpers.bash"
 
 start_and_wait "$1"
 expect "no terminal before" terminals_are 0
-"$tools/say-into-mic" run notepad please
-expect "a terminal has appeared" wait_until 10 terminals_are 1
+expect "a terminal has appeared" say_until terminals_are 1 -- run notepad please
 expect "the log tells the phrase once" accepted_are 1 "run notepad please"
 expect "nothing else was accepted" accepted_are 1

@@ -5,15 +5,13 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/helpers.bash"
 
 start_and_wait "$1"
-"$tools/say-into-mic" stop listening
-expect "the program was told to stop listening" wait_until 10 accepted_are 1 "stop listening"
+expect "the program was told to stop listening" \
+    say_until accepted_are 1 "stop listening" -- stop listening
 
 "$tools/say-into-mic" run notepad please
 expect "a command is not accepted now" stays_so 4 accepted_are 1
 expect "and starts nothing" terminals_are 0
 
-"$tools/say-into-mic" --voice rms enable
-expect "the program was told to listen again" wait_until 10 accepted_are 1 "enable"
+expect "the program was told to listen again" say_until accepted_are 1 "enable" -- enable
 
-"$tools/say-into-mic" run notepad please
-expect "a command works again" wait_until 10 terminals_are 1
+expect "a command works again" say_until terminals_are 1 -- run notepad please

@@ -11,13 +11,9 @@ expect "the other program is there" wait_until 10 window_is_there "A terminal"
 terminal=$(window_of "A terminal")
 expect "it is in front" wait_until 10 is_in_front "$terminal"
 
-"$tools/say-into-mic" --voice rms maximize window
-expect "it fills the screen" wait_until 10 is_maximised "$terminal"
-"$tools/say-into-mic" --voice rms normalize window
-expect "it has its size again" wait_until 10 is_not_maximised "$terminal"
-"$tools/say-into-mic" --voice rms minimize window
-expect "it is minimised" wait_until 10 is_minimised "$terminal"
+expect "it fills the screen" say_until is_maximised "$terminal" -- maximize window
+expect "it has its size again" say_until is_not_maximised "$terminal" -- normalize window
+expect "it is minimised" say_until is_minimised "$terminal" -- minimize window
 xdotool windowactivate --sync "$terminal"
-"$tools/say-into-mic" --voice rms close this window
-expect "it is closed" wait_until 10 window_gone "A terminal"
+expect "it is closed" say_until window_gone "A terminal" -- close this window
 expect "the program runs on" program_is_running

@@ -8,7 +8,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/helpers.bash"
 board=300x140+110+90
 words="The quick brown fox doesn't jump over the lazy dog at 12 o'clock A second line follows"
 
-watched() { grep -qx watching "$scratch/marks.txt"; }
+watched() { grep -sqx watching "$scratch/marks.txt"; }
 reading_is_over() { tail -n 1 "$scratch/marks.txt" | grep -qP '\t0\t0\t$'; }
 
 # Whether the marks are words of the text in their order. A word that is over before the watcher
@@ -49,8 +49,8 @@ expect "nothing is marked before" equal "$(marked_pixels)" 0
 "$tools/watch-marks" "$main_window" "Whiteboard" > "$scratch/marks.txt" &
 watcher=$!
 expect "the whiteboard is watched" wait_until 10 watched
-"$tools/say-into-mic" read the whiteboard
-expect "a mark is seen while another program has the focus" wait_until 5 a_mark_is_seen
+expect "a mark is seen while another program has the focus" \
+    say_until a_mark_is_seen -- read the whiteboard
 expect "the other program still has it" equal "$(xdotool getactivewindow)" "$other"
 expect "the reading comes to its end" wait_until 30 reading_is_over
 cat "$scratch/marks.txt"

@@ -10,18 +10,16 @@ tray_words_are() { [[ $(tray_words) == "$1" ]]; }
 # On this desktop nobody answers on the system bus, and nothing has ever been thrown away.
 start_and_wait "$1"
 expect "shutdown is accepted" say_until accepted_are 1 -- shutdown
-"$tools/say-into-mic" dial the internet
-"$tools/say-into-mic" hang up the internet
-"$tools/say-into-mic" run notepad please
-expect "it goes on" wait_until 10 terminals_are 1
+expect "so is dialling" say_until accepted_are 2 -- dial the internet
+expect "so is hanging up" say_until accepted_are 3 -- hang up the internet
+expect "it goes on" say_until terminals_are 1 -- run notepad please
 expect "all of it was accepted" wait_until 10 accepted_are 4
 
 # A tray that is there would move.
 if compgen -G '/sys/block/sr*' > /dev/null; then
     echo "left out: there is an optical drive"
 else
-    "$tools/say-into-mic" open the tray
-    expect "without a drive the words say that it is open" wait_until 10 tray_words_are "Opened"
-    "$tools/say-into-mic" close the tray
-    expect "and closed again" wait_until 10 tray_words_are "Closed"
+    expect "without a drive the words say that it is open" \
+        say_until tray_words_are "Opened" -- open the tray
+    expect "and closed again" say_until tray_words_are "Closed" -- close the tray
 fi

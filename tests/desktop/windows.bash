@@ -37,8 +37,7 @@ click_row() { click_in "$add_programs" 60 $((11 + 14 * $1)) "${2:-1}"; }
 store_is() { [[ $(tr -d '\r' < "$scratch/program/keywords.txt") == "$1" ]]; }
 
 open_add_programs() {
-    "$tools/say-into-mic" --voice rms add program
-    expect "the window is there" wait_until 10 window_is_there "$add_programs"
+    expect "the window is there" say_until window_is_there "$add_programs" -- add program
     expect "its boxes can be read" wait_until 10 keyword_box_is ""
 }
 

@@ -27,6 +27,7 @@ constexpr milliseconds kBetweenLooks{1};
 const QString kConnection = QStringLiteral("corvane-accessibility");
 const QString kRegistry = QStringLiteral("org.a11y.atspi.Registry");
 const QString kRoot = QStringLiteral("/org/a11y/atspi/accessible/root");
+const QString kKeys = QStringLiteral("/org/a11y/atspi/registry/deviceeventcontroller");
 const QString kAccessible = QStringLiteral("org.a11y.atspi.Accessible");
 
 /// A question to a service that runs; none is started for it.
@@ -114,8 +115,10 @@ bool AccessibilityRelay::WaitForKeysOf(pid_t program) {
     // What a program has to send is sent by another of its threads: behind this answer its
     // questions about the keys are under way.
     ask_program();
-    // Answers come in the order of the questions: behind this one are those about the keys, ...
-    (void)Ask(Question(kRegistry, "/org/a11y/atspi/registry", "org.freedesktop.DBus.Peer", "Ping"),
+    // The registry puts questions about keys aside, and others to the same object behind them; any
+    // other object of it answers at once. So behind this answer are those about the keys, ...
+    (void)Ask(Question(kRegistry, kKeys, "org.a11y.atspi.DeviceEventController",
+                       "GetDeviceEventListeners"),
               end);
     // ... and behind this one the program has met with them.
     ask_program();

@@ -44,7 +44,8 @@ public:
     [[nodiscard]] virtual std::optional<WindowFacts> Describe(WindowId window) = 0;
 
     /// Brings it to the front and gives it the keyboard, wherever it is: behind others, minimised,
-    /// on another virtual desktop.
+    /// on another virtual desktop. A box of its program that keeps the person from using it may
+    /// have the front in its stead, or take it from it again.
     virtual SessionAnswer Activate(WindowId window) = 0;
     virtual SessionAnswer Minimise(WindowId window) = 0;
     virtual SessionAnswer Maximise(WindowId window) = 0;

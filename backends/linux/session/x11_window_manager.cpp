@@ -22,6 +22,7 @@ X11WindowManager::X11WindowManager(const X11Connection& x, const X11WindowFacts&
     : x_(x),
       facts_(facts),
       time_(x),
+      turn_(x),
       active_(x.Atom("_NET_ACTIVE_WINDOW")),
       current_desktop_(x.Atom("_NET_CURRENT_DESKTOP")),
       change_state_(x.Atom("WM_CHANGE_STATE")),
@@ -40,12 +41,16 @@ SessionAnswer X11WindowManager::Activate(WindowId window) {
         return (active == window || facts_.IsModalBoxOf(active, window)) &&
                !facts_.IsMinimised(window);
     };
+    const bool box_was_in_front = facts_.IsModalBoxOf(facts_.Active(), window);
     // A program that has just started may take the front in between.
     constexpr int kTimesAsked = 4;
     auto answer = SessionAnswer::Denied;
     for (int asked = 0; asked < kTimesAsked && answer != SessionAnswer::Done; ++asked) {
         // This also brings a minimised window back.
         Ask(window, active_, {kPager, time_.Now()});
+        // Of a box that stays nobody tells; one that has to let the window by is no answer yet.
+        if (box_was_in_front)
+            (void)turn_.Await(steady_clock::now() + Windows::kPatience / kTimesAsked);
         answer = WaitFor(in_front, Windows::kPatience / kTimesAsked);
     }
     return answer;

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "linux/session/x11_connection.h"
+#include "linux/session/x11_manager_turn.h"
 #include "linux/session/x11_server_time.h"
 #include "linux/session/x11_window_acts.h"
 #include "linux/session/x11_window_facts.h"
@@ -35,6 +36,7 @@ private:
     const X11Connection& x_;
     const X11WindowFacts& facts_;
     X11ServerTime time_;
+    X11ManagerTurn turn_;
     xcb_atom_t active_, current_desktop_, change_state_, state_, maximised_across_, maximised_down_,
         close_;
 };

@@ -107,7 +107,9 @@ TEST_F(ManagedOwnWindow, TheBoxThatIsOpenOverItMayKeepTheFront) {
     const auto box_window = static_cast<HWND>(box.winId());
     ASSERT_TRUE(WaitFor([&] { return user32.GetForegroundWindow() == box_window; }));
     EXPECT_TRUE(user32.SetForegroundWindow(main->hWnd()));
-    EXPECT_TRUE(IsInFront() || user32.GetForegroundWindow() == box_window);
+    // Asked once: the box may come back to the front at any moment.
+    const HWND front = user32.GetForegroundWindow();
+    EXPECT_TRUE(front == main->hWnd() || front == box_window) << front;
 }
 
 TEST_F(OwnWindow, AHiddenWindowStaysHiddenUntilItIsShown) {

@@ -288,6 +288,8 @@ TEST_F(X11KeysTest, TextIsDeniedAndNotHalfTypedWhereACopyWouldBeLostByPastingIt)
 }
 
 TEST_F(X11KeysTest, TextFetchedByAnotherConnectionOfTheProgramHasArrived) {
+    // The manager has then done with the window before, and does not take the focus away again.
+    OpenWindow();
     CopyingProgram other;
     other.Copy({{"UTF8_STRING", "the person's"}});
     ProgramOfTwoConnections program;

@@ -13,6 +13,7 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMimeData>
+#include <atomic>
 #include <iostream>
 #include <random>
 #include <thread>
@@ -182,40 +183,44 @@ TEST_F(ProgramWithAccessibility, IsTypedIntoAsAnyOther) {
     const std::string text = PlainEnglish(2000);
     const std::string others = Utf8(RandomText(OtherScripts(), 200));
     SendText(text, "with accessibility");
+    // The registry may be a second behind, and a program that is gets no more than it can take.
+    ASSERT_EQ(program.TextOnceItIs(text), text);
     SendText(others, "with accessibility");
     EXPECT_EQ(program.TextOnceItIs(text + others), text + others);
 }
 
 TEST_F(ProgramWithAccessibility, HasCopiedWhenTheWaitIsOver) {
-    // One in a thousand is still missed; why is not known.
-    constexpr int kMostMissed = 2;
     X11Clipboard clipboard(nullptr);
-    int missed = 0;
     for (int i = 0; i < 100; ++i) {
         const std::string text = "copy " + std::to_string(i);
         Send("^a" + text);
         Send("^a");
         Send("^c");
-        if (clipboard.ReadText(std::chrono::milliseconds(kBound)) != text) ++missed;
+        ASSERT_EQ(clipboard.ReadText(std::chrono::milliseconds(kBound)), text);
     }
-    EXPECT_LE(missed, kMostMissed);
 }
 
 TEST_F(ProgramWithAccessibility, IsAwaitedUntilASlowRegistryHasLetItsKeysGo) {
     X11Clipboard clipboard(nullptr);
-    Send("first^a^c");
-    ASSERT_EQ(clipboard.ReadText(std::chrono::milliseconds(kBound)), "first");
-
     const pid_t registry = screen_reader.Registry();
     ASSERT_GT(registry, 0);
-    ASSERT_EQ(::kill(registry, SIGSTOP), 0);
-    std::thread later([registry] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        ::kill(registry, SIGCONT);
+    std::atomic<bool> ends = false;
+    // It gets a little further each time.
+    std::thread slowing([&] {
+        while (!ends) {
+            ::kill(registry, SIGSTOP);
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            ::kill(registry, SIGCONT);
+            std::this_thread::sleep_for(std::chrono::microseconds(100));
+        }
     });
-    Send("second^a^c");
-    EXPECT_EQ(clipboard.ReadText(std::chrono::milliseconds(kBound)), "second");
-    later.join();
+    for (int i = 0; i < 100; ++i) {
+        const std::string text = std::to_string(i);
+        Send("^a" + text + "^a^c");
+        EXPECT_EQ(clipboard.ReadText(std::chrono::milliseconds(kBound)), text);
+    }
+    ends = true;
+    slowing.join();
 }
 
 TEST_F(X11TypingTest, ThirdAndFourthLayoutAreTypedOnToo) {
