@@ -17,9 +17,23 @@ UserProfile::UserProfile(Places places, Complain complain)
       words_(places_.folder, complain),
       complain_(std::move(complain)) {}
 
-std::unique_ptr<VoiceTraining> UserProfile::BeginTraining() const {
-    return std::make_unique<VoiceTraining>(places_.acoustic_model, places_.dictionary,
-                                           words_.All());
+UserProfile::MakeTraining UserProfile::TrainingMaker() const {
+    return [places = places_, words = words_.All()] {
+        return std::make_unique<VoiceTraining>(places.acoustic_model, places.dictionary, words);
+    };
+}
+
+UserProfile::MakePhoneWriter UserProfile::PhoneWriterMaker() const {
+    return [model = places_.acoustic_model, voice = voice_.Present()] {
+        return std::make_unique<PhoneWriter>(model, voice);
+    };
+}
+
+UserProfile::MakeChoice UserProfile::ChoiceMaker(std::vector<std::string> phrases) const {
+    return [places = places_, voice = voice_.Present(), phrases = std::move(phrases)] {
+        return std::make_unique<SpokenChoice>(places.acoustic_model, places.dictionary, phrases,
+                                              voice);
+    };
 }
 
 void UserProfile::KeepVoice(const SpeakerTransform& transform) {

@@ -8,7 +8,9 @@
 
 #include "engine/adaptation/user_voice.h"
 #include "engine/adaptation/voice_training.h"
+#include "engine/lexicon/phone_writer.h"
 #include "engine/lexicon/user_words.h"
+#include "engine/recogniser/spoken_choice.h"
 
 namespace corvane::engine {
 
@@ -28,12 +30,21 @@ public:
     void OnChange(std::function<void()> changed) { changed_ = std::move(changed); }
 
     [[nodiscard]] const UserVoice::Transform& Voice() const { return voice_.Present(); }
-    /// A training to read sentences into; any thread may run it. Raises kAutomationError when the
-    /// acoustic model is of a kind that can't be trained.
-    [[nodiscard]] std::unique_ptr<VoiceTraining> BeginTraining() const;
+    using MakeTraining = std::function<std::unique_ptr<VoiceTraining>()>;
+    /// Makes a training to read sentences into, with the words that there are now. To make it takes
+    /// a second, and any thread may do so and run it; raises kAutomationError when the acoustic
+    /// model is of a kind that can't be trained.
+    [[nodiscard]] MakeTraining TrainingMaker() const;
+    using MakeChoice = std::function<std::unique_ptr<SpokenChoice>()>;
+    /// Likewise, of what hears these phrases, said in the voice that there is now.
+    [[nodiscard]] MakeChoice ChoiceMaker(std::vector<std::string> phrases) const;
     /// As UserVoice::Keep and UserVoice::Undo.
     void KeepVoice(const SpeakerTransform& transform);
     void UndoVoice();
+
+    using MakePhoneWriter = std::function<std::unique_ptr<PhoneWriter>()>;
+    /// Makes what writes down how this voice says a word; as TrainingMaker, any thread may do so.
+    [[nodiscard]] MakePhoneWriter PhoneWriterMaker() const;
 
     [[nodiscard]] const WordsAndWays& Words() const { return words_.All(); }
     /// Ways in which a word may be said, by dictionary, its parts and its letters, the likeliest

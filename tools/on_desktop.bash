@@ -45,6 +45,13 @@ start_program() {
     program=$!
 }
 
+# decline_training FOLDER: an installed program offers its training once, at the first start; in this
+# folder of settings it has been answered.
+decline_training() {
+    mkdir -p "$1/corvane"
+    printf '[%s]\n"checktraining" 1 "0"\n' 'SOFTWARE\Brindel\ktcv' > "$1/corvane/registry"
+}
+
 window_is_there() { xdotool search --onlyvisible --name "^$1\$" > /dev/null 2>&1; }
 program_is_running() { kill -0 "$program" 2> /dev/null; }
 program_has_ended() { ! program_is_running; }

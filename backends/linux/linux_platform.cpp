@@ -26,6 +26,8 @@
 #include "linux/system/kernel32.h"
 #include "linux/system/process_tokens.h"
 #include "linux/system/session_end.h"
+#include "linux/training/pronunciation_voice.h"
+#include "linux/training/training_dialogs.h"
 #include "linux/windows/qt_toolkit.h"
 #include "linux/windows/user32.h"
 
@@ -50,6 +52,13 @@ private:
     QApplication application_;
 };
 
+/// What the user's sound settings call the program.
+constexpr const char* kSoundName = "KT Corvane";
+
+std::unique_ptr<engine::AudioSource> OpenMicrophone() {
+    return std::make_unique<engine::PulseCapture>(kSoundName);
+}
+
 /// Voice and words of whoever runs the program lie among their data.
 SpeechEngineConfig ConfigurationOfPerson() {
     SpeechEngineConfig config;
@@ -59,6 +68,10 @@ SpeechEngineConfig ConfigurationOfPerson() {
     config.complain = [](const std::string& line) {
         std::cerr << "KT Corvane: " << line << '\n' << std::flush;
     };
+    config.dialogs = std::make_shared<TrainingDialogs>(
+        TrainingDialogs::Means{.open_microphone = OpenMicrophone,
+                               .say = [voice = std::make_shared<PronunciationVoice>(kSoundName)](
+                                          const std::string& phones) { voice->Say(phones); }});
     return config;
 }
 
@@ -73,7 +86,7 @@ struct LinuxPlatform::World {
           speech(
               ConfigurationOfPerson(),
               [this](std::function<void()> message) { messages.Post(std::move(message)); },
-              std::make_unique<engine::PulseCapture>("KT Corvane")) {}
+              OpenMicrophone()) {}
 
     QtApplication qt;
     QtMessageQueue messages;

@@ -5,12 +5,11 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <cstdlib>
-#include <filesystem>
 #include <iostream>
-#include <system_error>
 #include <utility>
 
 #include "linux/launch/detached_process.h"
+#include "linux/launch/executable_folder.h"
 #include "linux/launch/program_search.h"
 #include "linux/send_keys_notation.h"
 #include "linux/text_positions.h"
@@ -25,7 +24,8 @@ QString TitleOf(const std::string& title) {
 
 }  // namespace
 
-LinuxRuntime::LinuxRuntime(std::unique_ptr<Keys> keys) : keys_(std::move(keys)) {}
+LinuxRuntime::LinuxRuntime(std::unique_ptr<Keys> keys)
+    : keys_(std::move(keys)), executable_folder_(ExecutableFolderOfThisProcess()) {}
 
 void LinuxRuntime::SendKeys(const std::string& keys, bool wait) {
     switch (keys_->Type(ParseKeys(keys))) {
@@ -44,13 +44,6 @@ void LinuxRuntime::Shell(const std::string& path, ShellWindowStyle /*style*/) {
     const char* home = std::getenv("HOME");
     if (!invocation || !StartDetached(*invocation, home != nullptr ? home : "/"))
         throw RuntimeError(kFileNotFound, "File not found: " + path);
-}
-
-std::string LinuxRuntime::ExecutableFolder() const {
-    std::error_code error;
-    const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
-    if (error) throw RuntimeError(kPathNotFound, "Path not found: /proc/self/exe");
-    return executable.parent_path().string();
 }
 
 MsgBoxResult LinuxRuntime::MsgBox(const std::string& prompt, MsgBoxStyle style,

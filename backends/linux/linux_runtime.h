@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "linux/locale_dates.h"
 #include "linux/session/keys.h"
@@ -12,11 +13,12 @@ namespace corvane::linux_desktop {
 /// Keys, programs, the date and the process itself.
 class LinuxRuntime final : public ILanguageRuntime {
 public:
+    /// Raises kPathNotFound where the executable can't be found.
     explicit LinuxRuntime(std::unique_ptr<Keys> keys);
 
     void SendKeys(const std::string& keys, bool wait) override;
     void Shell(const std::string& path, ShellWindowStyle style) override;
-    [[nodiscard]] std::string ExecutableFolder() const override;
+    [[nodiscard]] std::string ExecutableFolder() const override { return executable_folder_; }
     [[nodiscard]] char PathSeparator() const override { return '/'; }
     [[nodiscard]] DateTime Now() const override { return LocalNow(); }
     [[nodiscard]] DateNames LocaleDateNames() const override { return NamesOfLocale(); }
@@ -28,6 +30,7 @@ public:
 
 private:
     std::unique_ptr<Keys> keys_;
+    std::string executable_folder_;
 };
 
 }  // namespace corvane::linux_desktop

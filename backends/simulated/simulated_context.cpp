@@ -112,17 +112,19 @@ private:
 
 class SharedRecognizer final : public ISpeechRecognizer {
 public:
-    explicit SharedRecognizer(CallRecord& record) : record_(record) {}
+    SharedRecognizer(CallRecord& record, const std::function<void()>& on_display_ui)
+        : record_(record), on_display_ui_(on_display_ui) {}
 
-    // Nobody is there to use the dialog: it closes at once.
     void DisplayUI(std::uint32_t hWndParent, const std::string& Title, const std::string& TypeOfUI,
                    const std::string& ExtraData) override {
         record_.Call("DisplayUI", std::to_string(hWndParent) + " \"" + Title + "\" " + TypeOfUI +
                                       " \"" + ExtraData + "\"");
+        on_display_ui_();
     }
 
 private:
     CallRecord& record_;
+    const std::function<void()>& on_display_ui_;
 };
 
 class PhraseRule final : public ISpeechPhraseRule {
@@ -177,8 +179,9 @@ private:
 
 }  // namespace
 
-SimulatedContext::SimulatedContext(CallRecord& record, MemoryFiles& files)
-    : record_(record), files_(files) {}
+SimulatedContext::SimulatedContext(CallRecord& record, MemoryFiles& files,
+                                   const std::function<void()>& on_display_ui)
+    : record_(record), files_(files), on_display_ui_(on_display_ui) {}
 
 std::shared_ptr<ISpeechRecoGrammar> SimulatedContext::CreateGrammar(std::int32_t /*GrammarId*/) {
     record_.Quietly("CreateGrammar");
@@ -189,7 +192,7 @@ std::shared_ptr<ISpeechRecoGrammar> SimulatedContext::CreateGrammar(std::int32_t
 
 std::shared_ptr<ISpeechRecognizer> SimulatedContext::Recognizer() const {
     record_.Quietly("Recognizer");
-    return std::make_shared<SharedRecognizer>(record_);
+    return std::make_shared<SharedRecognizer>(record_, on_display_ui_);
 }
 
 std::int32_t SimulatedContext::EventInterests() const {

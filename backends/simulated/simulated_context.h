@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,7 +23,9 @@ struct LoadedRules {
 
 class SimulatedContext final : public ISpeechRecoContext {
 public:
-    SimulatedContext(CallRecord& record, MemoryFiles& files);
+    /// on_display_ui: run while one of the engine's dialogs stands.
+    SimulatedContext(CallRecord& record, MemoryFiles& files,
+                     const std::function<void()>& on_display_ui);
 
     std::shared_ptr<ISpeechRecoGrammar> CreateGrammar(std::int32_t GrammarId) override;
     std::shared_ptr<ISpeechRecognizer> Recognizer() const override;
@@ -41,6 +44,7 @@ public:
 private:
     CallRecord& record_;
     MemoryFiles& files_;
+    const std::function<void()>& on_display_ui_;
     std::vector<std::weak_ptr<LoadedRules>> grammars_;
     std::int32_t interests_ = 0;
     SpeechRecoContextEvents events_;

@@ -53,8 +53,9 @@ public:
     void SetExecutableFolder(std::string folder) { folder_ = std::move(folder); }
     /// Makes a command line startable.
     void Install(const std::string& program) { installed_.insert(program); }
-    /// What was started, in order.
+    /// What was started since the start or the last ForgetStarted, in order.
     [[nodiscard]] const std::vector<std::string>& Started() const { return started_; }
+    void ForgetStarted() { started_.clear(); }
     [[nodiscard]] bool Ended() const { return ended_; }
 
 private:

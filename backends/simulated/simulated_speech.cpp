@@ -20,8 +20,9 @@ SimulatedSpeech::SimulatedSpeech(CallRecord& record, MemoryFiles& files, Virtual
 
 std::shared_ptr<ISpeechRecoContext> SimulatedSpeech::CreateSpSharedRecoContext() {
     record_.Call("CreateSpSharedRecoContext");
-    if (contexts_.empty()) stream_begin_ = queue_.Now();
-    auto context = std::make_shared<SimulatedContext>(record_, files_);
+    if (!stream_begin_) stream_begin_ = queue_.Now();
+    std::erase_if(contexts_, [](const auto& former) { return former.expired(); });
+    auto context = std::make_shared<SimulatedContext>(record_, files_, OnDisplayUI);
     contexts_.push_back(context);
     return context;
 }
@@ -93,7 +94,8 @@ std::vector<std::shared_ptr<SimulatedContext>> SimulatedSpeech::Contexts() const
 }
 
 Variant SimulatedSpeech::Position() const {
-    return (queue_.Now() - stream_begin_).count() * kBytesPerMillisecond;
+    return (queue_.Now() - stream_begin_.value_or(std::chrono::milliseconds(0))).count() *
+           kBytesPerMillisecond;
 }
 
 void SimulatedSpeech::RaiseRecognition(const std::shared_ptr<SimulatedContext>& context,

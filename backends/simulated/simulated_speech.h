@@ -4,6 +4,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,9 @@ public:
     /// The engine has trouble hearing.
     void Trouble(std::int32_t interference);
     void Adapted();
+    /// What a person does while one of the engine's dialogs stands; nothing at first, and it
+    /// closes.
+    std::function<void()> OnDisplayUI = [] {};
 
     /// Contexts that something still holds.
     [[nodiscard]] std::vector<std::shared_ptr<SimulatedContext>> Contexts() const;
@@ -62,7 +66,7 @@ private:
     CallRecord& record_;
     MemoryFiles& files_;
     VirtualQueue& queue_;
-    std::chrono::milliseconds stream_begin_{0};
+    std::optional<std::chrono::milliseconds> stream_begin_;
     std::vector<std::weak_ptr<SimulatedContext>> contexts_;
 };
 

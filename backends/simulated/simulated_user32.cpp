@@ -151,7 +151,10 @@ bool SimulatedUser32::ExitWindowsEx(std::uint32_t flags, std::uint32_t reserved)
 
 std::int32_t SimulatedUser32::GetSysColor(std::int32_t index) {
     const auto set = colours_.find(index);
-    return set == colours_.end() ? index * 0x010101 : set->second;
+    if (set != colours_.end()) return set->second;
+    // A grey of its own for each part.
+    constexpr std::int32_t kParts = 25;
+    return index >= 0 && index < kParts ? index * 0x010101 : 0;
 }
 
 bool SimulatedUser32::MayTakeFront() const {

@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "engine/fresh_file.h"
 #include "platform/error.h"
 
 namespace corvane::engine {
@@ -14,17 +15,6 @@ namespace {
 
 /// A voice takes 6 kB; what is larger is none, and is not read at all.
 constexpr std::uintmax_t kLargestFile = 100'000;
-
-void WriteFile(const std::string& path, const std::string& text) {
-    const std::string fresh = path + ".new";
-    std::ofstream file(fresh, std::ios::binary | std::ios::trunc);
-    file << text;
-    file.close();
-    std::error_code failure;
-    if (file) std::filesystem::rename(fresh, path, failure);
-    if (!file || failure)
-        throw RuntimeError(kAutomationError, "The voice can't be kept in " + path);
-}
 
 }  // namespace
 
@@ -59,13 +49,17 @@ UserVoice::Transform UserVoice::Read(const std::string& file, const Complain& co
 
 void UserVoice::Keep(const SpeakerTransform& transform) {
     if (!folder_.empty()) {
-        std::error_code failure;
-        std::filesystem::create_directories(folder_, failure);
-        if (present_)
-            WriteFile(EarlierFile(), WriteTransform(*present_, model_));
-        else
-            std::filesystem::remove(EarlierFile(), failure);
-        WriteFile(File(), WriteTransform(transform, model_));
+        // Both are written before either takes its place: what can't be kept is to change nothing.
+        FreshFile voice(File(), WriteTransform(transform, model_));
+        std::optional<FreshFile> before;
+        if (present_) before.emplace(EarlierFile(), WriteTransform(*present_, model_));
+        const auto kept = [&] {
+            if (!voice.Written() || (before && !before->TakePlace())) return false;
+            std::error_code failure;
+            if (!before) std::filesystem::remove(EarlierFile(), failure);
+            return voice.TakePlace();
+        };
+        if (!kept()) throw RuntimeError(kAutomationError, "The voice can't be kept in " + File());
     }
     earlier_ = std::exchange(present_, std::make_shared<const SpeakerTransform>(transform));
 }

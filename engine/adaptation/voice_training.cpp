@@ -136,13 +136,22 @@ std::optional<VoiceTraining::Heard> VoiceTraining::Hear(const Reading& reading,
     return heard;
 }
 
-TrainingResult VoiceTraining::Train() const {
+void VoiceTraining::Forget() {
+    if (!readings_.empty()) readings_.pop_back();
+}
+
+TrainingResult VoiceTraining::Train(const GoOn& go_on) const {
     TrainingResult result;
     if (readings_.size() < kFewestSentences) return result;
+    // Each sentence is heard as the model hears it, and as it would.
+    const auto steps = 2.0 * static_cast<double>(readings_.size());
+    double heard_of = 0.0;
+    const auto stopped = [&] { return !go_on(heard_of++ / steps); };
 
     std::vector<VoiceStatistics> parts(kParts, VoiceStatistics(model_));
     std::vector<double> before;
     for (std::size_t i = 0; i < readings_.size(); ++i) {
+        if (stopped()) return {};
         const auto heard = Hear(readings_[i], model_);
         parts[i % kParts].Add(readings_[i].frames, heard->said, model_);
         before.push_back(heard->below_loop);
@@ -156,6 +165,7 @@ TrainingResult VoiceTraining::Train() const {
             if (part != held_back) others.Add(parts[part]);
         const GaussianModel adapted = model_.Adapted(others.Estimate(model_, kPriorFrames));
         for (std::size_t i = held_back; i < readings_.size(); i += kParts) {
+            if (stopped()) return {};
             const auto heard = Hear(readings_[i], adapted);
             gains.push_back(heard ? heard->below_loop - before[i] : 0.0);
         }
@@ -163,6 +173,7 @@ TrainingResult VoiceTraining::Train() const {
     result.before = Mean(before);
     result.after = result.before + Mean(gains);
     if (!Helps(gains)) return result;
+    if (stopped()) return {};
 
     VoiceStatistics all(model_);
     for (const VoiceStatistics& part : parts) all.Add(part);

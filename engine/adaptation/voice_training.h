@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <span>
@@ -45,6 +46,8 @@ public:
     /// voice.
     static constexpr std::size_t kFewestSentences = 5;
 
+    using GoOn = std::function<bool(double done)>;
+
     /// Raises kAutomationError when the model can't be read, or is not of the kind that can be
     /// trained.
     VoiceTraining(const std::string& acoustic_model, const std::string& dictionary,
@@ -54,12 +57,17 @@ public:
     [[nodiscard]] ReadingVerdict Read(const std::string& sentence,
                                       std::span<const std::int16_t> sound);
 
+    /// Takes the last sentence that was read well for not read.
+    void Forget();
+
     /// Sentences that were read well.
     [[nodiscard]] std::size_t Sentences() const { return readings_.size(); }
 
     /// Fits a transform to all that was read well. Each sentence is also judged by a transform that
     /// was made without it, which tells whether to keep it. Nothing below kFewestSentences.
-    [[nodiscard]] TrainingResult Train() const;
+    /// go_on: told again and again which share is done, 0 to 1; once it returns false, this
+    /// returns soon and with nothing.
+    [[nodiscard]] TrainingResult Train(const GoOn& go_on = [](double) { return true; }) const;
 
 private:
     struct Reading {

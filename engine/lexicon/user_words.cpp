@@ -10,6 +10,7 @@
 #include <system_error>
 #include <utility>
 
+#include "engine/fresh_file.h"
 #include "engine/grammar/grammar.h"
 #include "platform/error.h"
 
@@ -50,6 +51,10 @@ bool IsWordToLearn(const std::string& word) {
                return (c >= '\0' && c <= ' ') || c == '\x7f' ||
                       std::string_view("()<>[]+@").find(c) != std::string_view::npos;
            });
+}
+
+std::span<const std::string_view> Phones() {
+    return kPhones;
 }
 
 bool ArePhones(const std::string& phones) {
@@ -119,15 +124,10 @@ void UserWords::Remove(const std::string& word) {
 
 void UserWords::Keep(const WordsAndWays& words) const {
     if (folder_.empty()) return;
-    std::error_code failure;
-    std::filesystem::create_directories(folder_, failure);
-    const std::string fresh = File() + ".new";
-    std::ofstream file(fresh, std::ios::trunc);
+    std::string lines;
     for (const auto& [word, ways] : words)
-        for (const std::string& phones : ways) file << word << ' ' << phones << '\n';
-    file.close();
-    if (file) std::filesystem::rename(fresh, File(), failure);
-    if (!file || failure)
+        for (const std::string& phones : ways) lines += word + ' ' + phones + '\n';
+    if (!FreshFile(File(), lines).TakePlace())
         throw RuntimeError(kAutomationError, "The words can't be kept in " + File());
 }
 

@@ -3,7 +3,9 @@
 
 #include <functional>
 #include <map>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace corvane::engine {
@@ -17,6 +19,9 @@ using WordsAndWays = std::map<std::string, WaysToSay>;
 /// Whether a word can be written and searched for: no blanks, no signs that mean something to a
 /// dictionary, at most kLongestWord bytes.
 [[nodiscard]] bool IsWordToLearn(const std::string& word);
+
+/// The phones of US English.
+[[nodiscard]] std::span<const std::string_view> Phones();
 
 /// Whether these are phones of US English, parted by blanks, as many as a word may have.
 [[nodiscard]] bool ArePhones(const std::string& phones);

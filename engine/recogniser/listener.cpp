@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <utility>
 
 #include "engine/recogniser/confidence.h"
@@ -76,6 +77,7 @@ void Listener::Run() {
     std::array<std::int16_t, Endpointer::kFrameSamples> frame{};
     while (ReadFrame(frame)) {
         TakeVocabulary();
+        TakePause();
         Hear(frame);
     }
     if (!stopping_) Follow(endpointer_.Finish());
@@ -126,10 +128,23 @@ void Listener::UseVocabulary(std::shared_ptr<const Vocabulary> vocabulary) {
     vocabulary_ = std::move(vocabulary);
     decoder_->SetVoice(vocabulary_->voice);
     decoder_->SetGraph(vocabulary_->graph);
+    ForgetUtterance();
+    if (endpointer_.InSpeech()) BeginUtterance();
+}
+
+void Listener::TakePause() {
+    const std::uint32_t pauses = pauses_;
+    if (pauses == known_pauses_) return;
+    known_pauses_ = pauses;
+    const bool ended = pauses % 2 == 0;
+    heard_from_ = ended ? endpointer_.Position() : std::numeric_limits<std::int64_t>::max();
+    ForgetUtterance();
+}
+
+void Listener::ForgetUtterance() {
     supposing_ = false;
     foreseen_.reset();
     dictation_.Drop();
-    if (endpointer_.InSpeech()) BeginUtterance();
 }
 
 void Listener::Hear(std::span<const std::int16_t> frame) {
@@ -150,9 +165,7 @@ void Listener::Follow(Endpointer::Event event) {
             EndUtterance();
             break;
         case Endpointer::Event::speech_denied:
-            supposing_ = false;
-            foreseen_.reset();
-            dictation_.Drop();
+            ForgetUtterance();
             break;
         case Endpointer::Event::none:
             break;
@@ -178,6 +191,7 @@ void Listener::BeginUtterance() {
     supposed_.clear();
     supposing_ = false;
     foreseen_.reset();
+    if (!IsHeard()) return;
     FollowInterests();
     if (vocabulary_->dictating) BeginText((interests_ & SREHypothesis) != 0);
 }
@@ -198,6 +212,7 @@ void Listener::FollowInterests() {
 }
 
 void Listener::HearSpeech(std::span<const std::int16_t> frame) {
+    if (!IsHeard()) return;
     dictation_.Hear(frame);
     if (supposing_) decoder_->FeedLive(frame);
     FollowInterests();
@@ -241,7 +256,7 @@ void Listener::Foresee() {
     }
     const auto since = Clock::now();
     supposing_ = false;
-    foreseen_.emplace();
+    foreseen_ = Foresight{};
     foreseen_->last_loud = endpointer_.LastLoud();
     foreseen_->path = decoder_->Decode(Sound(endpointer_.Begin(), endpointer_.Position()));
     foreseen_->latency =
@@ -259,6 +274,7 @@ bool Listener::IsSurelyAll(const Path& path) const {
 }
 
 void Listener::EndUtterance() {
+    if (!IsHeard()) return ForgetUtterance();
     const auto since = Clock::now();
     Path path;
     std::optional<RecognisedPhrase> phrase;

@@ -46,6 +46,11 @@ public:
     /// What anybody wants to know: a sum of SpeechRecoEvents.
     void SetInterests(std::int32_t interests) { interests_ = interests; }
 
+    /// What is said from now on until Resume, if only in part, is no utterance: nobody is told of
+    /// it, then or later. The room is still heard.
+    void Pause() { ++pauses_; }
+    void Resume() { ++pauses_; }
+
     void WaitForEndOfStream();
 
 private:
@@ -55,6 +60,9 @@ private:
     [[nodiscard]] bool ReadFrame(std::span<std::int16_t> frame);
     void TakeVocabulary();
     void AwaitVocabulary();
+    void TakePause();
+    [[nodiscard]] bool IsHeard() const { return endpointer_.Begin() >= heard_from_; }
+    void ForgetUtterance();
     [[nodiscard]] bool VocabularyIsDue();
     void UseVocabulary(std::shared_ptr<const Vocabulary> vocabulary);
     void Hear(std::span<const std::int16_t> frame);
@@ -89,6 +97,7 @@ private:
     std::shared_ptr<const Vocabulary> next_vocabulary_;  ///< guarded by mutex_
     std::atomic<std::int32_t> interests_ = 0;
     std::atomic<bool> stopping_ = false;
+    std::atomic<std::uint32_t> pauses_ = 0;  ///< begun and ended: odd while there is one
 
     // The thread's own.
     std::shared_ptr<const Vocabulary> vocabulary_ = std::make_shared<Vocabulary>();
@@ -96,6 +105,8 @@ private:
     SoundFeedback feedback_;
     std::vector<std::int16_t> sound_;  ///< of the utterance, or what may yet belong to one
     std::int64_t sound_begin_ = 0;     ///< frame of the stream at which it begins
+    std::uint32_t known_pauses_ = 0;
+    std::int64_t heard_from_ = 0;  ///< what begins before this frame is no utterance
     bool supposing_ = false;
     std::vector<std::string> supposed_;  ///< words of the last hypothesis
 

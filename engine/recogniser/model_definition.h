@@ -28,6 +28,7 @@ public:
     [[nodiscard]] std::size_t Silence() const { return silence_; }
     /// Is it a sound that no word is made of?
     [[nodiscard]] bool IsNoise(std::size_t phone) const { return names_[phone].front() == '+'; }
+    [[nodiscard]] const std::string& Name(std::size_t phone) const { return names_[phone]; }
     /// Nothing if the model has no such phone.
     [[nodiscard]] std::optional<std::size_t> Phone(std::string_view name) const;
 

@@ -60,8 +60,27 @@ void Recogniser::Adapt(const std::string& text, std::weak_ptr<RecogniserClient> 
     });
 }
 
+/// Nothing is recognised while this is there.
+class Recogniser::Pause {
+public:
+    explicit Pause(Recogniser& recogniser) : recogniser_(recogniser) {
+        if (recogniser_.dialogs_shown_++ == 0 && recogniser_.listener_)
+            recogniser_.listener_->Pause();
+    }
+    ~Pause() {
+        if (--recogniser_.dialogs_shown_ == 0 && recogniser_.listener_)
+            recogniser_.listener_->Resume();
+    }
+    Pause(const Pause&) = delete;
+    Pause& operator=(const Pause&) = delete;
+
+private:
+    Recogniser& recogniser_;
+};
+
 void Recogniser::Show(std::uint32_t parent, const std::string& title, const std::string& dialog,
                       const std::string& data) {
+    const Pause pause(*this);
     if (dialogs_ && dialog == "UserTraining")
         dialogs_->UserTraining(parent, title, data, *profile_);
     else if (dialogs_ && dialog == "AddRemoveWord")

@@ -56,16 +56,20 @@ public:
     /// when that is done.
     void Adapt(const std::string& text, std::weak_ptr<RecogniserClient> client);
 
-    /// Shows a dialog of the engine's, see ISpeechRecognizer::DisplayUI.
+    /// Shows a dialog of the engine's, see ISpeechRecognizer::DisplayUI. What is said meanwhile is
+    /// meant for the dialog: it is neither recognised then nor told later.
     void Show(std::uint32_t parent, const std::string& title, const std::string& dialog,
               const std::string& data);
 
 private:
+    class Pause;
+
     void ProfileChanged();
 
     DictationModel model_;
     std::shared_ptr<UserProfile> profile_;
     std::shared_ptr<EngineDialogs> dialogs_;
+    int dialogs_shown_ = 0;  ///< one may show another
     Lexicon lexicon_;
     Grammar dictation_phrases_;  ///< once somebody dictates
     std::shared_ptr<Audience> audience_ = std::make_shared<Audience>();

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -39,6 +40,11 @@ template <typename Table>
 std::string_view Find(const Table& table, std::string_view phone) {
     const auto found = std::ranges::find(table, phone, [](const auto& row) { return row.first; });
     return found == table.end() ? std::string_view() : found->second;
+}
+
+/// Whether it is a vowel that, with another one in the word, seldom bears the stress.
+bool IsWeak(std::string_view vowel, bool last) {
+    return vowel == "ah" || vowel == "er" || (vowel == "iy" && last);
 }
 
 /// The words of a text, in small letters.
@@ -81,6 +87,31 @@ std::string PhonemesOf(std::string_view pronunciation) {
         if (++count > kMostPhones) return {};
     }
     return phonemes;
+}
+
+std::string PronunciationOf(std::string_view phones) {
+    const std::vector<std::string> parts = Parted(phones);
+    const auto is_vowel = [](const std::string& phone) { return !Find(kVowels, phone).empty(); };
+    const auto first = std::ranges::find_if(parts, is_vowel);
+    const auto full = std::ranges::find_if(parts, [&](const std::string& phone) {
+        // What is parted ends in an empty rest where blanks stand behind the last phone.
+        const bool last = &phone == &parts.back() || std::next(&phone)->empty();
+        return is_vowel(phone) && !IsWeak(phone, last);
+    });
+    const auto stressed = full == parts.end() ? first : full;
+    std::string pronunciation;
+    for (auto phone = parts.begin(); phone != parts.end(); ++phone) {
+        if (phone->empty()) continue;
+        if (!pronunciation.empty()) pronunciation += ' ';
+        if (phone == stressed) {
+            pronunciation += *phone + " 1";
+        } else if (*phone == "ah") {
+            pronunciation += "ax";
+        } else {
+            pronunciation += *phone == "hh" ? "h" : *phone;
+        }
+    }
+    return pronunciation;
 }
 
 }  // namespace corvane::engine

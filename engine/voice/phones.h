@@ -12,4 +12,9 @@ namespace corvane::engine {
 /// it, or more than a hundred.
 [[nodiscard]] std::string PhonemesOf(std::string_view pronunciation);
 
+/// The pronunciation, in the speech API's phones, of what the recogniser's dictionary gives as
+/// phones parted by blanks, such as "HH AH L OW". That knows no stress, which is guessed: the first
+/// full vowel bears it.
+[[nodiscard]] std::string PronunciationOf(std::string_view phones);
+
 }  // namespace corvane::engine

@@ -38,8 +38,9 @@ Application::Application(const Platform& platform)
       dispatch_(platform.runtime, paths_, recogniser_, voice_, speaker_, launcher_, form2_, tray_,
                 log_, keywords_, form1_, form3_, desktop_, dictation_),
       feedback_(recogniser_, form2_, log_, pad_log_),
+      registry_(platform.advapi32, platform.runtime),
       startup_(loop_, platform.runtime, platform.speech, paths_, keywords_, recogniser_, voice_,
-               speaker_, form2_, form4_) {
+               speaker_, registry_, form2_, form4_, form5_) {
     BindRecogniser();
     BindVoice();
 }
@@ -97,6 +98,7 @@ std::shared_ptr<Form5> Application::CreateForm5() {
     // Closed in any way, the pad gives the recogniser back to the commands.
     form->Unload = [this] { recogniser_.init_rec(paths_.KeywordsXmlPath); };
     form->Command1.Click = [this] { training_.train(training_.AskForSentence()); };
+    form->add_Word2 = [this](const std::string& myword) { training_.add_Word2(myword); };
     form->Closed = [this] { form5_.LetGo(); };
     return form;
 }

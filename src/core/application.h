@@ -28,6 +28,7 @@
 #include "shell/form2.h"
 #include "shell/form4.h"
 #include "shell/help_page.h"
+#include "shell/reg_api.h"
 #include "shell/tray_icon.h"
 #include "speech/speaker.h"
 #include "speech/voice_feedback.h"
@@ -83,6 +84,7 @@ private:
     StatusMonitor status_monitor_;
     RecognitionDispatch dispatch_;
     RecognitionFeedback feedback_;
+    RegAPI registry_;
     Startup startup_;
 };
 

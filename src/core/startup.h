@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/recogniser.h"
+#include "dictation/form5.h"
 #include "grammar/data_paths.h"
 #include "grammar/keyword_store.h"
 #include "platform/language_runtime.h"
@@ -11,6 +12,7 @@
 #include "runtime/nullable.h"
 #include "shell/form2.h"
 #include "shell/form4.h"
+#include "shell/reg_api.h"
 #include "speech/speaker.h"
 
 namespace corvane {
@@ -21,8 +23,8 @@ class Startup {
 public:
     Startup(MessageLoop& loop, const ILanguageRuntime& runtime, ISpeechApi& speech,
             DataPaths& paths, KeywordStore& keywords, Recogniser& recogniser,
-            Nullable<ISpeechVoice>& voice, Speaker& speaker, forms::Lazy<Form2>& main_window,
-            forms::Lazy<Form4>& splash);
+            Nullable<ISpeechVoice>& voice, Speaker& speaker, RegAPI& registry,
+            forms::Lazy<Form2>& main_window, forms::Lazy<Form4>& splash, forms::Lazy<Form5>& pad);
 
     /// Where the voice's events go, from its creation in the main window's load on.
     SpeechVoiceHandlers VoiceEvents;
@@ -35,6 +37,8 @@ public:
     void Form2_Load();
 
 private:
+    void TrainAtFirstRun();
+
     MessageLoop& loop_;
     const ILanguageRuntime& runtime_;
     ISpeechApi& speech_;
@@ -43,8 +47,10 @@ private:
     Recogniser& recogniser_;
     Nullable<ISpeechVoice>& voice_;
     Speaker& speaker_;
+    RegAPI& registry_;
     forms::Lazy<Form2>& form2_;
     forms::Lazy<Form4>& form4_;
+    forms::Lazy<Form5>& form5_;
 };
 
 }  // namespace corvane

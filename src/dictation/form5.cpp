@@ -23,6 +23,11 @@ Form5::Form5(IWindowToolkit& toolkit, MessageLoop& loop, RichTextPrinter& printe
     Command2.Click = [this] { Close(); };
 }
 
+void Form5::AddBrindel() {
+    // The word has no effect: the dialog opens with nothing filled in.
+    add_Word2("Brindel");
+}
+
 void Form5::Command4_Click() {
     // The pad may be closed while the dialog stands, and let go with it.
     const auto alive = shared_from_this();

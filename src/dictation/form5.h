@@ -1,6 +1,9 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
+#include <string>
+
 #include "dictation/form5_layout.h"
 #include "dictation/rich_text_printer.h"
 #include "runtime/forms/controls.h"
@@ -24,10 +27,16 @@ public:
     forms::Label Label1{*this, "Label1"};
     forms::CommonDialog dlgPrint{*this, "dlgPrint"};
 
+    /// Shows the engine's words; for the operation below that nothing reaches.
+    std::function<void(const std::string& myword)> add_Word2;
+
     /// Asks how to print and prints the whole text, whatever the answer.
     void Command4_Click();
 
 private:
+    /// No control is wired to it and nothing else calls it, deliberately.
+    void AddBrindel();
+
     RichTextPrinter& printer_;
 };
 

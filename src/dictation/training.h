@@ -22,6 +22,15 @@ public:
     /// stays hidden if it was. Returns when the training is closed.
     void train(const std::string& mystring);
 
+    /// Shows the engine's words over the pad, as `train` does, with nothing filled in: `myword` is
+    /// not used, deliberately.
+    void add_Word2(const std::string& myword);
+
+    /// Asks a person for a new word and gives it to the engine to learn, also when the answer is
+    /// empty. Raises kOverflow, and nothing is learned, when the sum of event interests has no room
+    /// for one more.
+    void add_Word();
+
 private:
     Recogniser& recogniser_;
     ILanguageRuntime& runtime_;

@@ -32,6 +32,13 @@ TEST(SimulatedDesktop, AnOperationCanBeToldToFailAfterSomeCallsAndToWorkAgain) {
     EXPECT_EQ(desktop.runtime.Started().size(), 2U);
 }
 
+TEST(SimulatedDesktop, APartThatThereIsNotHasNoColour) {
+    SimulatedDesktop desktop;
+    EXPECT_EQ(desktop.user32.GetSysColor(15), 0x0F0F0F);
+    EXPECT_EQ(desktop.user32.GetSysColor(16'744'617), 0);
+    EXPECT_EQ(desktop.user32.GetSysColor(-1), 0);
+}
+
 TEST(SimulatedDesktop, NothingRunsInAProcessThatHasEnded) {
     SimulatedDesktop desktop;
     desktop.queue.Post([&] { desktop.runtime.End(); });

@@ -11,8 +11,7 @@ stored=$(printf 'notepad\n/usr/bin/xterm.exe')
 
 click_clear_all
 expect "it asks first" wait_until 10 window_is_there "WARNING!"
-"$tools/say-into-mic" --voice rms no
-expect "no answers it" wait_until 10 window_gone "WARNING!"
+expect "no answers it" say_until window_gone "WARNING!" -- no
 expect "nothing is cleared" stays_so 1 store_is "$stored"
 
 click_clear_all

@@ -3,7 +3,9 @@
 # usage: dictated_text_is_printed.bash EXECUTABLE
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/helpers.bash"
+source "$here/windows.bash"
 source "$here/dictation.bash"
+source "$here/accessible.bash"
 
 printing=$(dirname "$CUPS_SERVER")
 page="$printing/jobs/d00001-001"
@@ -31,6 +33,10 @@ expect "the pad opens" say_until window_is_there "$pad" -- dictation pad
 expect "a sentence is written" say_until pad_text_has monday -- "$sentence"
 expect "the words of the page ask for the printer" say_until dialog_is_there -- print page
 written=$(pad_text)
+walk Print \
+    'push button "Print" focusable default \[Press, SetFocus\]' \
+    'push button "Cancel" focusable \[Press, SetFocus\]' \
+    'push button "Choose the output file" .*'
 xdotool key Escape
 expect "the page comes out although the dialog was cancelled" wait_until 10 page_is_out
 expect "with what was written" equal "$(pdftotext "$page" - | tr -s '\n\f' '  ')" "$written"

@@ -160,6 +160,63 @@ TEST_F(UserProfileTest, AnAddedWordIsDictated) {
     EXPECT_NE(pad.text.find("Zorbel"), std::string::npos) << pad.text;
 }
 
+TEST_F(UserProfileTest, ARemovedWordIsDictatedNoMore) {
+    if (!testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks in this test, is missing";
+    OwnRoom room(config);
+    const Dictating pad(*room.engine);
+    room.engine->Profile()->AddWord("Zorbel", {"Z AO R B EH L"});
+    room.engine->Profile()->RemoveWord("Zorbel");
+    room.HearToTheEnd(Say("please open the zorbel now"));
+    EXPECT_FALSE(pad.text.empty());
+    EXPECT_EQ(pad.text.find("Zorbel"), std::string::npos) << pad.text;
+}
+
+/// What is carried out, rule by rule, when this is said to commands that open one word or another.
+std::vector<std::string> CarriedOut(Room& room, const std::string& said) {
+    const TemporaryFile grammar(GrammarOf(RuleOf("play", "open xqz") + RuleOf("stop", "close it") +
+                                          RuleOf("other", "open the letter")));
+    const Listening listening(*room.engine, grammar.Path());
+    room.HearToTheEnd(Say(said));
+    std::vector<std::string> told;
+    for (const auto& result : listening.recognised)
+        if (result->PhraseInfo()->Rule()->Confidence() == SECHighConfidence)
+            told.push_back(testing::Told(result));
+    return told;
+}
+
+TEST_F(UserProfileTest, ARemovedPronunciationIsACommandNoMore) {
+    if (!testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks in this test, is missing";
+    OwnRoom room(config);
+    const auto profile = room.engine->Profile();
+    profile->AddWord("xqz", profile->WaysFor("banana"));
+    profile->RemoveWord("xqz");
+    EXPECT_TRUE(CarriedOut(room, "open banana").empty());
+}
+
+TEST_F(UserProfileTest, AnotherPronunciationIsHeardInPlaceOfTheFirst) {
+    if (!testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks in this test, is missing";
+    OwnRoom room(config);
+    const auto profile = room.engine->Profile();
+    profile->AddWord("xqz", profile->WaysFor("thursday"));
+    profile->AddWord("xqz", profile->WaysFor("banana"));
+    EXPECT_EQ(CarriedOut(room, "open banana"), (std::vector<std::string>{"play: open xqz"}));
+}
+
+TEST_F(UserProfileTest, ARecordedPronunciationIsHeard) {
+    if (!testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks in this test, is missing";
+    for (const char* word : {"zorbel", "banana", "gwendolyn"}) {
+        OwnRoom room(config);
+        const auto profile = room.engine->Profile();
+        const std::string phones =
+            profile->PhoneWriterMaker()()->Write(Say(word), profile->WaysFor(word));
+        ASSERT_TRUE(ArePhones(phones)) << word;
+        profile->AddWord("xqz", {phones});
+        EXPECT_EQ(CarriedOut(room, std::string("open ") + word),
+                  (std::vector<std::string>{"play: open xqz"}))
+            << word << " as " << phones;
+    }
+}
+
 TEST_F(UserProfileTest, NewWordsOfATextAreDictatedAndKept) {
     if (!testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks in this test, is missing";
     {

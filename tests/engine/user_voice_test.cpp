@@ -11,6 +11,7 @@
 
 #include "engine/speech_engine.h"
 #include "platform/error.h"
+#include "support/small_disk.h"
 #include "support/temporary_folder.h"
 
 namespace corvane::engine {
@@ -130,6 +131,22 @@ TEST_F(UserVoiceTest, WhatIsNoVoiceAtAllIsIgnored) {
     const UserVoice voice = Open();
     EXPECT_FALSE(voice.Present());
     EXPECT_EQ(complaints.size(), 1U);
+}
+
+TEST(UserVoiceOnAFullDisk, ChangesNothingWhenItCannotBeKept) {
+    const corvane::testing::SmallDisk disk;
+    if (!disk.IsThere()) GTEST_SKIP() << "no file system may be mounted here";
+    UserVoice voice(disk / "profile", SpeechEngineConfig().acoustic_model, {});
+    voice.Keep(Shifted(1.0F));
+    disk.Fill();
+    disk.MakeRoom(4096);  // for one of the two files that it takes
+    const auto before = disk.Files();
+    EXPECT_THROW(voice.Keep(Shifted(2.0F)), RuntimeError);
+    EXPECT_TRUE(disk.Files() == before) << disk.Files().size() << " files";
+    EXPECT_EQ(ShiftOf(voice.Present()), 1.0F);
+    voice.Undo();
+    EXPECT_FALSE(voice.Present());
+    EXPECT_FALSE(UserVoice(disk / "profile", SpeechEngineConfig().acoustic_model, {}).Present());
 }
 
 TEST_F(UserVoiceTest, AVoiceThatCannotBeKeptIsNotTaken) {

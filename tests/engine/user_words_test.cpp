@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/error.h"
+#include "support/small_disk.h"
 #include "support/temporary_folder.h"
 
 namespace corvane::engine {
@@ -75,6 +76,24 @@ TEST_F(UserWordsTest, AForeignFileGivesNoWords) {
     Write(std::string(5000, '\0') + "\xff\xfe\n" + std::string(100'000, 'a') + " AA\n");
     EXPECT_TRUE(Open().All().empty());
     EXPECT_EQ(complaints.size(), 1U);
+}
+
+TEST(UserWordsOnAFullDisk, ChangeNothingWhenTheyCannotBeKept) {
+    const corvane::testing::SmallDisk disk;
+    if (!disk.IsThere()) GTEST_SKIP() << "no file system may be mounted here";
+    UserWords words(disk / "profile", {});
+    words.Add("zorbel", {"Z AO R B EH L"});
+    words.Add("frob", {"F R AA B"});
+    const WordsAndWays all = words.All();
+    const auto files = disk.Files();
+    disk.Fill();
+    EXPECT_THROW(words.Add("quux", {"K W AH K S"}), RuntimeError);
+    EXPECT_THROW(words.Remove("zorbel"), RuntimeError);
+    EXPECT_EQ(words.All(), all);
+    EXPECT_EQ(disk.Files(), files);
+    disk.MakeRoom();
+    words.Add("quux", {"K W AH K S"});
+    EXPECT_EQ(UserWords(disk / "profile", {}).All().size(), 3U);
 }
 
 TEST_F(UserWordsTest, AWordThatCannotBeKeptIsNotAdded) {

@@ -9,6 +9,7 @@
 
 #include "engine/voice/markup.h"
 #include "engine/voice/notation.h"
+#include "engine/voice/phones.h"
 #include "engine/voice/piece.h"
 #include "engine/voice/utf8.h"
 #include "engine/voice/words.h"
@@ -272,6 +273,17 @@ TEST(NotationText, TheFastestAndTheSlowestAreWhatTheSynthesiserCanDo) {
               "450Sa\x01"
               "80Sb\x01"
               "175S");
+}
+
+TEST(NotationText, WhatTheRecogniserHearsIsSaidWithAGuessedStress) {
+    EXPECT_EQ(PronunciationOf("HH AH L OW"), "h ax l ow 1");
+    EXPECT_EQ(PronunciationOf("K AO R V EY N"), "k ao 1 r v ey n");
+    EXPECT_EQ(PronunciationOf("B AH N AE N AH"), "b ax n ae 1 n ax");
+    EXPECT_EQ(PronunciationOf("M AH DH ER"), "m ah 1 dh er");
+    EXPECT_EQ(PronunciationOf("K AH M P AH N IY"), "k ah 1 m p ax n iy");
+    EXPECT_EQ(PronunciationOf("S IY "), "s iy 1");
+    EXPECT_EQ(PronunciationOf("SH T"), "sh t");
+    EXPECT_EQ(PronunciationOf("  "), "");
 }
 
 TEST(NotationText, PronunciationIsPhonemes) {

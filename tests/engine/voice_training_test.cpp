@@ -3,13 +3,19 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
 #include <random>
+#include <set>
+#include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "engine/adaptation/reading_sentences.h"
+#include "engine/grammar/dictionary.h"
 #include "engine/recogniser/phone_evidence.h"
 #include "engine/speech_engine.h"
 #include "platform/error.h"
@@ -32,22 +38,6 @@ const std::vector<std::string> kSentences{"The yellow boat slowly turned towards
                                           "He threw the heavy ball over the fence with both hands.",
                                           "A cold wind blew across the empty beach all night."};
 
-/// As if the speaker were smaller by this factor: all of the sound higher and shorter.
-Sound Smaller(const Sound& sound, double factor) {
-    Sound smaller;
-    for (double at = 0.0; at + 1.0 < static_cast<double>(sound.size()); at += factor) {
-        const auto index = static_cast<std::size_t>(at);
-        const double part = at - static_cast<double>(index);
-        smaller.push_back(
-            static_cast<std::int16_t>((1.0 - part) * sound[index] + part * sound[index + 1]));
-    }
-    return smaller;
-}
-
-Sound ReadBySomebodySmall(const std::string& sentence) {
-    return Smaller(Say(sentence, "slt", 1.2), 1.2);
-}
-
 class ModelTest : public ::testing::Test {
 protected:
     SpeechEngineConfig config;
@@ -59,6 +49,24 @@ TEST_F(ModelTest, AModelOfAnotherKindHasNoGaussiansForUs) {
     const testing::TemporaryFolder empty;
     EXPECT_FALSE(GaussianModel::Load(empty.Path(), definition));
     EXPECT_THROW(VoiceTraining(empty.Path(), config.dictionary), RuntimeError);
+}
+
+TEST_F(ModelTest, TheSentencesToReadHoldEverySound) {
+    std::set<std::string> words;
+    for (const std::string_view sentence : kReadingSentences) {
+        std::istringstream rest{std::string(sentence)};
+        for (std::string word; rest >> word;) {
+            std::erase_if(word,
+                          [](char sign) { return sign == '.' || sign == ',' || sign == '?'; });
+            words.insert(word);
+        }
+    }
+    std::set<std::string> sounds;
+    for (const auto& [word, ways] : Dictionary(config.dictionary).Find(words)) {
+        std::istringstream phones(ways.front());
+        for (std::string phone; phones >> phone;) sounds.insert(phone);
+    }
+    EXPECT_EQ(sounds.size(), 39U);
 }
 
 TEST_F(ModelTest, WhoHasReadNothingIsTakenForAVoiceOfTheModel) {
@@ -160,18 +168,49 @@ TEST_F(VoiceTrainingTest, AFewSentencesTrainNothing) {
 
 TEST_F(VoiceTrainingTest, AVoiceUnlikeTheModelsIsLearnt) {
     for (const std::string& sentence : kSentences)
-        EXPECT_EQ(training.Read(sentence, ReadBySomebodySmall(sentence)), ReadingVerdict::good);
+        EXPECT_EQ(training.Read(sentence, testing::SayAsSomebodySmall(sentence)),
+                  ReadingVerdict::good);
     const TrainingResult result = training.Train();
     EXPECT_TRUE(result.transform);
     EXPECT_GT(result.after, result.before + 0.02);
+}
+
+TEST_F(VoiceTrainingTest, AForgottenReadingIsNoneOfTheTraining) {
+    ASSERT_EQ(training.Read(kSentences[0], Say(kSentences[0])), ReadingVerdict::good);
+    training.Forget();
+    EXPECT_EQ(training.Sentences(), 0U);
+    training.Forget();
+    EXPECT_EQ(training.Sentences(), 0U);
+}
+
+TEST_F(VoiceTrainingTest, TrainingTellsHowFarItIsAndStopsWhenItIsTold) {
+    for (std::size_t i = 0; i < VoiceTraining::kFewestSentences; ++i)
+        ASSERT_EQ(training.Read(kSentences[i], testing::SayAsSomebodySmall(kSentences[i])),
+                  ReadingVerdict::good);
+    std::vector<double> told;
+    const TrainingResult all = training.Train([&](double done) {
+        told.push_back(done);
+        return true;
+    });
+    EXPECT_TRUE(all.transform);
+    EXPECT_TRUE(std::ranges::is_sorted(told));
+    EXPECT_EQ(told.front(), 0.0);
+    EXPECT_EQ(told.back(), 1.0);
+
+    for (const std::size_t last : {std::size_t{0}, told.size() / 2, told.size() - 1}) {
+        std::size_t times = 0;
+        EXPECT_FALSE(training.Train([&](double) { return times++ < last; }).transform);
+        EXPECT_EQ(times, last + 1);
+    }
 }
 
 TEST_F(VoiceTrainingTest, WhatDoesNotHelpOnSentencesHeldBackIsNotKept) {
     // Four people, so that what is learnt of three says nothing of the fourth.
     constexpr std::array kSizes{0.85, 1.3, 1.0, 1.15};
     for (std::size_t i = 0; i < kSentences.size(); ++i)
-        (void)training.Read(kSentences[i], Smaller(Say(kSentences[i], i % 2 == 0 ? "rms" : "slt"),
-                                                   kSizes.at(i % kSizes.size())));
+        (void)training.Read(kSentences[i],
+                            testing::Smaller(Say(kSentences[i], i % 2 == 0 ? "rms" : "slt"),
+                                             kSizes.at(i % kSizes.size())));
     ASSERT_GE(training.Sentences(), VoiceTraining::kFewestSentences);
     const TrainingResult result = training.Train();
     EXPECT_FALSE(result.transform) << result.before << " to " << result.after;

@@ -4,8 +4,6 @@
 // a reason, or it is a grammar that holds what the loader promises.
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -17,17 +15,13 @@
 #include "engine/grammar/lexicon.h"
 #include "engine/grammar/word_graph.h"
 #include "platform/error.h"
+#include "require.h"
 
 namespace {
 
 using namespace corvane;
 using namespace corvane::engine;
-
-void Require(bool condition, const char* what) {
-    if (condition) return;
-    std::fprintf(stderr, "broken promise: %s\n", what);
-    std::abort();
-}
+using fuzz::Require;
 
 /// A dictionary of a few words, so that most are said by their letters.
 const std::string& DictionaryPath() {

@@ -3,8 +3,6 @@
 // Any bytes as a text to be said: what is promised of markup, words, pieces and notation holds.
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,34 +12,30 @@
 #include "engine/voice/piece.h"
 #include "engine/voice/utf8.h"
 #include "engine/voice/words.h"
+#include "require.h"
 
 using namespace corvane::engine;
+using corvane::fuzz::Require;
 
 namespace {
-
-void Require(bool promise, const char* what) {
-    if (promise) return;
-    std::fputs(what, stderr);
-    std::abort();
-}
 
 void CheckSpans(const std::vector<Span>& spans, std::size_t characters) {
     std::size_t behind = 0;
     for (const Span& span : spans) {
-        Require(span.position >= behind, "spans overlap\n");
+        Require(span.position >= behind, "spans overlap");
         behind = span.position + span.length;
-        Require(behind <= characters, "a span reaches beyond the text\n");
-        Require(span.text.empty() == (span.kind == Span::Kind::silence), "an empty span\n");
+        Require(behind <= characters, "a span reaches beyond the text");
+        Require(span.text.empty() == (span.kind == Span::Kind::silence), "an empty span");
     }
 }
 
 void CheckWords(const std::vector<Word>& words, std::size_t characters) {
     std::size_t behind = 0;
     for (const Word& word : words) {
-        Require(word.length > 0, "an empty word\n");
-        Require(word.position >= behind, "words overlap\n");
+        Require(word.length > 0, "an empty word");
+        Require(word.position >= behind, "words overlap");
         behind = word.position + word.length;
-        Require(behind <= characters, "a word reaches beyond the text\n");
+        Require(behind <= characters, "a word reaches beyond the text");
     }
 }
 
@@ -49,13 +43,13 @@ void CheckWords(const std::vector<Word>& words, std::size_t characters) {
 /// closed.
 void CheckNotation(const Notation& notation) {
     const std::string_view text = notation.text;
-    Require(notation.origins.size() == CharacterCount(text), "an origin is missing\n");
+    Require(notation.origins.size() == CharacterCount(text), "an origin is missing");
     std::size_t character = 0;
     for (std::size_t at = 0; at < text.size(); at += CharacterBytes(text.substr(at))) {
         const std::uint32_t code = DecodeUtf8(text.substr(at));
         Require(code >= ' ' || code == '\n' ||
                     (code == 1 && notation.origins[character] == Notation::kNowhere),
-                "a character that is none\n");
+                "a character that is none");
         ++character;
     }
 }
@@ -71,14 +65,14 @@ void Check(const std::vector<Span>& spans, std::size_t characters) {
             if (span.kind == Span::Kind::text) said += span.text;
             if (span.kind == Span::Kind::text) bytes += span.text.size();
         }
-        Require(bytes <= kLongestPiece, "a piece is too long\n");
-        Require(piece.spans.empty() || piece.silence.count() == 0, "a silence with text\n");
+        Require(bytes <= kLongestPiece, "a piece is too long");
+        Require(piece.spans.empty() || piece.silence.count() == 0, "a silence with text");
         CheckNotation(Notate(piece, words));
     }
     std::string whole;
     for (const Span& span : spans)
         if (span.kind == Span::Kind::text) whole += span.text;
-    Require(said == whole, "the pieces are not the text\n");
+    Require(said == whole, "the pieces are not the text");
 }
 
 }  // namespace

@@ -3,14 +3,15 @@
 // Any bytes as a text that is synthesised: each word is marked once, in its order, in the sound.
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
+#include <iterator>
 #include <string>
 #include <variant>
 
 #include "engine/voice/utterance.h"
+#include "require.h"
 
 using namespace corvane::engine;
+using corvane::fuzz::Require;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(data, data + size);
@@ -22,10 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             const auto* word = std::get_if<Word>(&mark.what);
             const bool in_order =
                 mark.sample >= sample && (word == nullptr || word->position >= behind);
-            if (!in_order || mark.sample > std::ssize(spoken.sound)) {
-                std::fputs("a mark out of its place\n", stderr);
-                std::abort();
-            }
+            Require(in_order && mark.sample <= std::ssize(spoken.sound), "marks stand in order");
             sample = mark.sample;
             if (word != nullptr) behind = word->position + word->length;
         }

@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 
-// Trains the engine to a voice by sound files, see docs/training.md.
+// Trains the engine to a voice by sound files, or tells what is to be read; see
+// docs/training.md.
 
 #include <array>
 #include <chrono>
@@ -8,7 +9,9 @@
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <string_view>
 
+#include "engine/adaptation/reading_sentences.h"
 #include "engine/adaptation/speaker_transform.h"
 #include "engine/adaptation/voice_training.h"
 #include "engine/audio/wav_file.h"
@@ -53,8 +56,13 @@ bool Train(std::istream& list, const std::string& kept) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 2 && std::string_view(argv[1]) == "--sentences") {
+        for (const std::string_view sentence : corvane::engine::kReadingSentences)
+            std::cout << sentence << '\n';
+        return 0;
+    }
     if (argc != 3) {
-        std::cerr << "usage: corvane-train LIST FILE\n";
+        std::cerr << "usage: corvane-train LIST FILE\n       corvane-train --sentences\n";
         return 2;
     }
     try {

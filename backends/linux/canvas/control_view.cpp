@@ -3,8 +3,10 @@
 
 #include <qdrawutil.h>
 
+#include <QAccessible>
 #include <QFileInfo>
 #include <QPainter>
+#include <algorithm>
 
 #include "linux/canvas/system_colours.h"
 #include "linux/windows/look.h"
@@ -36,12 +38,23 @@ void ControlView::Refresh(const QString& words) {
     // Hundreds of calls make one drawing; the first of them is enough to ask for the painting.
     if (!stale_) update();
     stale_ = true;
-    if (!words.isEmpty() && words != accessibleDescription()) setAccessibleDescription(words);
+    if (words.isEmpty() || words == accessibleDescription()) return;
+    setAccessibleDescription(words);
+    QAccessibleValueChangeEvent told(this, Percentage());
+    QAccessible::updateAccessibility(&told);
+}
+
+int ControlView::Percentage() const {
+    const QString words = accessibleDescription();
+    const auto end = std::ranges::find_if_not(words, [](QChar letter) { return letter.isDigit(); });
+    return QStringView(words.begin(), end).toInt();
 }
 
 void ControlView::paintEvent(QPaintEvent* /*event*/) {
     stale_ = false;
     QPainter painter(this);
+    // A screen of more dots than pixels would show the steps of every edge.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, devicePixelRatioF() > 1.0);
     const int frame = framed_ ? 1 : 0;
     if (canvas_ != nullptr) painter.drawImage(frame, frame, CutOut());
     if (framed_) qDrawShadePanel(&painter, rect(), palette(), true, frame);

@@ -21,6 +21,8 @@ public:
     void SetFrame(bool sunken);
     /// A null mask: all is seen.
     void SetShape(const QImage& mask, QRgb seeThrough);
+    /// The whole number that its text begins with; 0 without one.
+    [[nodiscard]] int Percentage() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -6,6 +6,7 @@
 #include <QPrintEngine>
 #include <QPrinter>
 #include <QStringList>
+#include <QToolButton>
 
 #include "linux/printing/printer_choice.h"
 #include "platform/controls.h"
@@ -20,6 +21,12 @@ void HidePageNumbers(QPrintDialog& dialog) {
     for (QWidget* choice : range->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
         if (choice->objectName() != "printAll" && choice->objectName() != "printSelection")
             choice->hide();
+}
+
+/// It bears three dots, which say nothing to those who do not see what stands beside them.
+void NameFileButton(QPrintDialog& dialog) {
+    if (auto* button = dialog.findChild<QToolButton*>("fileBrowser"))
+        button->setAccessibleName(QStringLiteral("Choose the output file"));
 }
 
 /// Takes back what a person may have chosen of the pages, and leaves all else.
@@ -40,6 +47,7 @@ void PrintAllPages(QPrinter& printer) {
 bool AskHowToPrint(std::int32_t flags, PrinterChoice& choice, QWidget* holder) {
     const auto printer = choice.Proposal();
     QPrintDialog dialog(printer.get(), holder);
+    NameFileButton(dialog);
     if ((flags & kNoPageNumbers) != 0) {
         dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
         HidePageNumbers(dialog);

@@ -58,10 +58,11 @@ std::optional<std::string> Unescaped(std::string_view text) {
 /// Reads `"name" type "bytes"` into the key.
 bool ReadValue(std::string_view line, SettingKey& key) {
     const std::size_t name_end = line.find('"', 1);
-    const std::size_t bytes_start = line.rfind(" \"");
-    if (!line.starts_with('"') || !line.ends_with('"') || bytes_start == std::string_view::npos ||
-        name_end + 2 > bytes_start || line.size() < bytes_start + 3)
+    if (!line.starts_with('"') || !line.ends_with('"') || name_end == std::string_view::npos)
         return false;
+    // The first of them: the bytes may end in a blank.
+    const std::size_t bytes_start = line.find(" \"", name_end + 1);
+    if (bytes_start == std::string_view::npos || line.size() < bytes_start + 3) return false;
     const auto name = Unescaped(line.substr(1, name_end - 1));
     const auto bytes = Unescaped(line.substr(bytes_start + 2, line.size() - bytes_start - 3));
     std::uint32_t type = 0;
@@ -125,10 +126,11 @@ bool StoreSettings(const std::filesystem::path& file, const Settings& settings) 
     if (error) return false;
     const std::string text = WriteSettings(settings);
     QSaveFile stored(QString::fromStdString(file.string()));
+    // Committing passes over what a full disk has refused of its buffer; emptying that tells.
     return stored.open(QIODevice::WriteOnly) &&
            stored.write(text.data(), static_cast<qint64>(text.size())) ==
                static_cast<qint64>(text.size()) &&
-           stored.commit();
+           stored.flush() && stored.commit();
 }
 
 }  // namespace corvane::linux_desktop

@@ -92,8 +92,11 @@ void Connection::WaitForNetworkManager() {
 }
 
 void Connection::AskNetworkManager() {
+    if (!bus_.isConnected()) {
+        state_.reset();  // what it said last holds no longer than it can be asked
+        return;
+    }
     if (asking_) return;  // one question at a time, however long the answer takes
-    if (!bus_.isConnected()) return;
     asking_ = true;
     QDBusMessage question = QDBusMessage::createMethodCall(
         NetworkManager::kName, NetworkManager::kPath, kProperties, QStringLiteral("GetAll"));
@@ -156,7 +159,10 @@ void Connection::AskProfileOf(const QString& path, QString NetworkState::*type) 
 
 void Connection::AskProxy() {
     const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) return;
+    if (!bus.isConnected()) {
+        proxy_ = ProxyInEnvironment();
+        return;
+    }
     QDBusMessage question = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.portal.Desktop"),
         QStringLiteral("/org/freedesktop/portal/desktop"),

@@ -4,11 +4,12 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QLocale>
+#include <QProgressBar>
 #include <QProgressDialog>
 #include <QTimer>
-#include <QWidget>
-#include <QWindow>
 #include <chrono>
+
+#include "linux/windows/put_over.h"
 
 namespace corvane::linux_desktop {
 namespace {
@@ -25,14 +26,6 @@ void ShowProgress(const Emptying& emptying, QProgressDialog& window) {
                             .arg(QLocale().toString(removed)));
 }
 
-void PutOver(HWND owner, QWidget& window) {
-    const QWidget* below = QWidget::find(owner);
-    if (below == nullptr || !below->isVisible()) return;
-    window.winId();  // makes its window
-    // Not its child, since the owner may be unloaded meanwhile.
-    window.windowHandle()->setTransientParent(below->windowHandle());
-}
-
 }  // namespace
 
 void WaitWithWindow(Emptying& emptying, HWND owner, const std::function<bool()>& is_done) {
@@ -41,6 +34,7 @@ void WaitWithWindow(Emptying& emptying, HWND owner, const std::function<bool()>&
     QProgressDialog window;
     window.setWindowTitle(QStringLiteral("Recycle Bin"));
     window.setCancelButtonText(QStringLiteral("Cancel"));
+    window.findChild<QProgressBar*>()->setAccessibleName(QStringLiteral("Emptied"));
     window.setAttribute(Qt::WA_ShowWithoutActivating);
     window.setAutoReset(false);
     window.setAutoClose(false);

@@ -54,9 +54,10 @@ std::optional<std::string> MoveAside(Place thing, int expunged) {
     }
 }
 
-FileDescriptor OpenExpunged(int trash) {
+/// Makes it where it is missing; `full` tells whether just the room for it was missing too.
+FileDescriptor OpenExpunged(int trash, bool& full) {
     constexpr mode_t kOwn = 0700;
-    static_cast<void>(::mkdirat(trash, "expunged", kOwn));
+    full = ::mkdirat(trash, "expunged", kOwn) != 0 && (errno == ENOSPC || errno == EDQUOT);
     return FileDescriptor(
         ::openat(trash, "expunged", O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
@@ -74,8 +75,10 @@ bool Expunge(int trash, int files, const std::string& thing, RemovalWatcher& wat
         case Outcome::HasContent:
             break;
     }
-    const FileDescriptor expunged = OpenExpunged(trash);
-    if (!expunged.open()) return false;
+    bool full = false;
+    const FileDescriptor expunged = OpenExpunged(trash, full);
+    // To make room is what it is emptied for, so it goes where it lies then.
+    if (!expunged.open()) return full && RemoveTree(files, thing, watcher);
     const auto aside = MoveAside({.folder = files, .name = thing}, expunged.number());
     if (!aside) return false;
     if (RemoveTree(expunged.number(), *aside, watcher)) return true;

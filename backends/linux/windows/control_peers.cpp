@@ -45,7 +45,6 @@ public:
     void SetCaption(const std::string& caption) override {
         if (!widget_) return;
         widget_->setText(Words(caption));
-        // The name is the label's role, so what it says goes here.
         if (!control_.role.empty()) widget_->setAccessibleDescription(Words(caption));
         widget_->setGeometry(WidgetPlace(control_, *widget_));
     }

@@ -8,11 +8,13 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QProgressBar>
+#include <QScrollBar>
 #include <QTextEdit>
 #include <algorithm>
 
 #include "linux/canvas/control_view.h"
 #include "linux/text_positions.h"
+#include "linux/windows/accessible_widgets.h"
 #include "linux/windows/keyed_button.h"
 #include "linux/windows/list_widget.h"
 #include "linux/windows/look.h"
@@ -100,13 +102,6 @@ QWidget* MakeCheckBox(const ControlDescription& control, QWidget& holder) {
     return box;
 }
 
-QWidget* MakeLine(QWidget& holder) {
-    auto* line = new QFrame(&holder);
-    line->setFrameStyle(QFrame::Box | QFrame::Plain);
-    line->lower();
-    return line;
-}
-
 QWidget* MakeWidget(const ControlDescription& control, QWidget& holder, const Pictures& pictures) {
     switch (control.kind) {
         case ControlKind::ListBox:
@@ -139,7 +134,7 @@ QWidget* MakeWidget(const ControlDescription& control, QWidget& holder, const Pi
         case ControlKind::Calendar:
             return new MonthCalendar(&holder);
         case ControlKind::Line:
-            return MakeLine(holder);
+            return new DividingLine(&holder);
         case ControlKind::CommonDialog:
         case ControlKind::ImageList:
         case ControlKind::Timer:
@@ -173,14 +168,27 @@ QString SpokenName(const ControlDescription& control) {
     return Words(control.text).trimmed();
 }
 
+void NameScrollBars(const QWidget& widget) {
+    const auto* area = qobject_cast<const QAbstractScrollArea*>(&widget);
+    if (area == nullptr) return;
+    const QString name = widget.accessibleName();
+    area->verticalScrollBar()->setAccessibleName(name + QStringLiteral(", up and down"));
+    area->horizontalScrollBar()->setAccessibleName(name + QStringLiteral(", left and right"));
+}
+
 }  // namespace
 
 QWidget* MakeControlWidget(const ControlDescription& control, QWidget& holder,
                            const Pictures& pictures) {
     QWidget* widget = MakeWidget(control, holder, pictures);
     if (widget == nullptr) return nullptr;
+    ForgetEarlyAnswers(*widget);
     widget->setObjectName(Words(control.name));
     widget->setAccessibleName(SpokenName(control));
+    // Of a label the name is its role, so what it says goes here.
+    if (qobject_cast<QLabel*>(widget) != nullptr && !control.role.empty())
+        widget->setAccessibleDescription(Words(control.text));
+    NameScrollBars(*widget);
     widget->setToolTip(Words(control.tool_tip));
     SetColours(*widget, control.colours);
     return widget;

@@ -35,6 +35,14 @@ ListWidget::ListWidget(QWidget* parent) : QListWidget(parent) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
+void ListWidget::DoubleClickItem(const QModelIndex& item) {
+    const QPointer<ListWidget> self(this);
+    setCurrentIndex(item);
+    if (!self) return;
+    // A copy, since the handler may let this list go.
+    if (const auto handler = DblClick) handler();
+}
+
 void ListWidget::mousePressEvent(QMouseEvent* event) {
     if (itemAt(event->position().toPoint()) != nullptr) QListWidget::mousePressEvent(event);
 }

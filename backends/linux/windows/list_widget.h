@@ -17,6 +17,9 @@ class ListWidget final : public QListWidget {
 public:
     explicit ListWidget(QWidget* parent);
 
+    /// As a person's double click on that item.
+    void DoubleClickItem(const QModelIndex& item);
+
     std::function<void()> DblClick;  ///< anywhere in the list; behind the change of the selection
 
 protected:

@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/windows/month_calendar.h"
 
+#include <QAbstractItemModel>
 #include <QLocale>
 #include <QPointer>
 #include <QSignalBlocker>
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "linux/windows/contrast.h"
 #include "linux/windows/look.h"
 
 namespace corvane::linux_desktop {
@@ -26,6 +28,7 @@ MonthCalendar::MonthCalendar(QWidget* holder) : QCalendarWidget(holder) {
     setVerticalHeaderFormat(NoVerticalHeader);
     setHorizontalHeaderFormat(ShortDayNames);
     setDateRange(QDate(1900, 1, 1), QDate(2100, 12, 31));
+    NameParts();
     Know(selectedDate());
     connect(this, &QCalendarWidget::currentPageChanged, this,
             [this](int year, int month) { TurnTo(year, month); });
@@ -38,16 +41,20 @@ void MonthCalendar::SetLook(const CalendarDescription& look) {
     names.setFont(FontOf(look.day_font));
     setHeaderTextFormat(names);
     QTextCharFormat days;
-    days.setForeground(Colour(look.grid_colour));
+    days.setForeground(Readable(Colour(look.grid_colour), palette().color(QPalette::Base),
+                                palette().color(QPalette::Text)));
     for (const auto day : {Qt::Monday, Qt::Tuesday, Qt::Wednesday, Qt::Thursday, Qt::Friday,
                            Qt::Saturday, Qt::Sunday})
         setWeekdayTextFormat(day, days);
 
     auto* title = findChild<QWidget*>("qt_calendar_navigationbar");
     QPalette colours = title->palette();
-    colours.setColor(QPalette::Highlight, palette().color(QPalette::Window));
-    colours.setColor(QPalette::HighlightedText, Colour(look.title_colour));
-    colours.setColor(QPalette::ButtonText, Colour(look.title_colour));
+    const QColor behind = palette().color(QPalette::Window);
+    const QColor words =
+        Readable(Colour(look.title_colour), behind, palette().color(QPalette::WindowText));
+    colours.setColor(QPalette::Highlight, behind);
+    colours.setColor(QPalette::HighlightedText, words);
+    colours.setColor(QPalette::ButtonText, words);
     title->setPalette(colours);
     for (auto* button : title->findChildren<QToolButton*>()) {
         button->setFont(FontOf(look.title_font));
@@ -61,6 +68,33 @@ void MonthCalendar::ShowDate(const CalendarDate& date) {
     Know(QDate(date.year, date.month, date.day));
     setSelectedDate(known_);
     setCurrentPage(date.year, date.month);
+}
+
+QDate MonthCalendar::DateAt(const QModelIndex& cell) const {
+    const int day = cell.data().toInt();
+    if (day == 0) return {};
+    QDate month(yearShown(), monthShown(), 1);
+    // The first two rows may hold the last days of the month before, the last two the first ones
+    // of the month behind.
+    if (cell.row() <= 2 && day > 20) month = month.addMonths(-1);
+    if (cell.row() >= 5 && day < 15) month = month.addMonths(1);
+    return {month.year(), month.month(), day};
+}
+
+void MonthCalendar::NameParts() {
+    struct Part {
+        const char* object;
+        const char* name;
+    };
+    for (const auto& [object, name] :
+         {Part{"qt_calendar_prevmonth", "Previous month"},
+          Part{"qt_calendar_nextmonth", "Next month"}, Part{"qt_calendar_yearedit", "Year"},
+          Part{"qt_calendar_calendarview", "Days"}})
+        findChild<QWidget*>(object)->setAccessibleName(QString::fromLatin1(name));
+    // Their names are what they show.
+    for (const auto& [object, name] :
+         {Part{"qt_calendar_monthbutton", "Month"}, Part{"qt_calendar_yearbutton", "Year"}})
+        findChild<QWidget*>(object)->setAccessibleDescription(QString::fromLatin1(name));
 }
 
 void MonthCalendar::TurnTo(int year, int month) {

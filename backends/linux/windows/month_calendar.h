@@ -17,8 +17,12 @@ public:
     void SetEvents(CalendarPeerEvents events) { events_ = std::move(events); }
     /// Tells nothing.
     void ShowDate(const CalendarDate& date);
+    /// The day that stands in a cell of the grid, be it of the month before or behind; none in the
+    /// row of the names.
+    [[nodiscard]] QDate DateAt(const QModelIndex& cell) const;
 
 private:
+    void NameParts();
     void TurnTo(int year, int month);
     void TellDate();
     void Know(const QDate& date);

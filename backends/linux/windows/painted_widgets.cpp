@@ -36,4 +36,9 @@ void CaptionedFrame::paintEvent(QPaintEvent* /*event*/) {
                           title(), QPalette::WindowText);
 }
 
+DividingLine::DividingLine(QWidget* holder) : QFrame(holder) {
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    lower();
+}
+
 }  // namespace corvane::linux_desktop

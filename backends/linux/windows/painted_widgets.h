@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QFrame>
 #include <QGroupBox>
 #include <QWidget>
 
@@ -14,6 +15,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+};
+
+/// A line between parts of a window, one pixel thick; nothing to act on.
+class DividingLine final : public QFrame {
+public:
+    explicit DividingLine(QWidget* holder);
 };
 
 }  // namespace corvane::linux_desktop

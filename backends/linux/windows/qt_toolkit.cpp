@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <utility>
 
+#include "linux/windows/accessible_widgets.h"
 #include "linux/windows/look.h"
+#include "linux/windows/outlined_style.h"
 #include "linux/windows/qt_window.h"
 
 namespace corvane::linux_desktop {
@@ -12,6 +14,8 @@ namespace corvane::linux_desktop {
 QtToolkit::QtToolkit(const std::string& picture_folder) : pictures_(Words(picture_folder)) {
     QApplication::setFont(DialogFont());
     QApplication::setWindowIcon(pictures_.ProgramIcon());
+    MakeWindowsVisible();
+    TellOfOurWidgets();
 }
 
 std::unique_ptr<IWindowPeer> QtToolkit::CreateWindow(const WindowDescription& description,

@@ -104,15 +104,19 @@ void QtWindow::AddMenu(const MenuDescription& menu, std::function<void()> Click)
     if (menu.menu.empty()) {
         QMenu* added = frame_->menuBar()->addMenu(caption);
         added->setObjectName(Words(menu.name));
+        added->setAccessibleName(QString(caption).remove(u'&'));
         menus_[std::string(menu.name)] = added;
         return;
     }
     QMenu* holder = menus_.find(menu.menu)->second;
     QAction* entry = menu.caption == "-" ? holder->addSeparator() : holder->addAction(caption);
     entry->setObjectName(Words(menu.name));
+    // From the loop, since the entry may open a dialog: a program that chooses it for a person
+    // waits for the answer meanwhile.
     if (Click)
-        QObject::connect(entry, &QAction::triggered, entry,
-                         [Click = std::move(Click)] { Click(); });
+        QObject::connect(
+            entry, &QAction::triggered, entry, [Click = std::move(Click)] { Click(); },
+            Qt::QueuedConnection);
 }
 
 void QtWindow::Show() {

@@ -42,6 +42,24 @@ void RowList::SetHideMark(bool hide) {
     ShowOrHideMark();
 }
 
+void RowList::ClickRow(std::int32_t row) {
+    MarkRow(row == kNoRow ? indexOfTopLevelItem(currentItem()) : row);
+    // A copy, since the handler may let this list go.
+    if (const auto handler = events_.Click) handler(row);
+}
+
+void RowList::DoubleClickRow(std::int32_t row) {
+    const QPointer<RowList> self(this);
+    ClickRow(row);
+    if (self) TellDoubleClick(row);
+}
+
+void RowList::TellDoubleClick(std::int32_t row) {
+    // The click before may have moved the mark away from the row.
+    if (row != kNoRow) MarkRow(row);
+    if (const auto handler = events_.DblClick) handler(row);
+}
+
 void RowList::mousePressEvent(QMouseEvent* event) {
     pressed_ = event->button() == Qt::LeftButton;
     // A click is told with its row, when the button comes up.
@@ -52,10 +70,7 @@ void RowList::mousePressEvent(QMouseEvent* event) {
 void RowList::mouseReleaseEvent(QMouseEvent* event) {
     QTreeWidget::mouseReleaseEvent(event);
     if (event->button() != Qt::LeftButton || !std::exchange(pressed_, false)) return;
-    const std::int32_t row = indexOfTopLevelItem(itemAt(event->position().toPoint()));
-    MarkRow(row == kNoRow ? indexOfTopLevelItem(currentItem()) : row);
-    // A copy, since the handler may let this list go.
-    if (const auto handler = events_.Click) handler(row);
+    ClickRow(indexOfTopLevelItem(itemAt(event->position().toPoint())));
 }
 
 void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -65,10 +80,7 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
         QTreeWidget::mouseDoubleClickEvent(event);
     }
     pressed_ = false;
-    if (event->button() != Qt::LeftButton) return;
-    // The click before may have moved the mark away from the row.
-    if (row != kNoRow) MarkRow(row);
-    if (const auto handler = events_.DblClick) handler(row);
+    if (event->button() == Qt::LeftButton) TellDoubleClick(row);
 }
 
 void RowList::keyPressEvent(QKeyEvent* event) {

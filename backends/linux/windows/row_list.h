@@ -17,6 +17,10 @@ public:
     /// kNoRow marks none. Tells nothing.
     void MarkRow(std::int32_t row);
     void SetHideMark(bool hide);
+    /// As a person's click on that row, or beside the rows for kNoRow.
+    void ClickRow(std::int32_t row);
+    /// As a person's double click, which is told as a click first.
+    void DoubleClickRow(std::int32_t row);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -30,6 +34,7 @@ protected:
 
 private:
     void TellMark();
+    void TellDoubleClick(std::int32_t row);
     void ShowOrHideMark();
 
     ListViewPeerEvents events_;

@@ -22,12 +22,14 @@ TEST(MachineDevicesTest, ADeviceThatIsMissingOrNoDriveFails) {
 }
 
 TEST(MachineDevicesTest, AMountedDiscIsUnmountedByWhoMountedIt) {
-    const PrivateBus bus("machine_mock.py");
+    PrivateBus bus("machine_mock.py");
     MachineDevices machine(bus.connection());
     EXPECT_TRUE(machine.Unmount("/dev/sr0"));
     EXPECT_EQ(bus.Tell({"calls"}), "Unmount {}\n");
     EXPECT_FALSE(machine.Unmount("/dev/sr1"));
     bus.Tell({"refuse"});
+    EXPECT_FALSE(machine.Unmount("/dev/sr0"));
+    bus.Die();
     EXPECT_FALSE(machine.Unmount("/dev/sr0"));
 }
 

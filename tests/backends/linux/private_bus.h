@@ -25,11 +25,8 @@ public:
         Expect(daemon_, "unix:");
         environment_.insert("DBUS_SYSTEM_BUS_ADDRESS", address);
         environment_.insert("DBUS_SESSION_BUS_ADDRESS", address);
-        if (!mock.isEmpty()) {
-            serving_.setProcessEnvironment(environment_);
-            Start(serving_, {script_, "serve"});
-            Expect(serving_, "ready");
-        }
+        serving_.setProcessEnvironment(environment_);
+        if (!mock.isEmpty()) Serve();
         QDBusConnection::connectToBus(address, kName);
     }
     ~PrivateBus() {
@@ -55,6 +52,22 @@ public:
 
     /// From now on nobody on it gets an answer.
     void Freeze() { Signal(SIGSTOP); }
+    /// It is gone, and all connections to it are cut.
+    void Die() {
+        daemon_.kill();
+        daemon_.waitForFinished();
+    }
+
+    /// Starts the mock again after it was ended.
+    void Serve() {
+        Start(serving_, {script_, "serve"});
+        Expect(serving_, "ready");
+    }
+    /// The mock leaves the bus, with all that it was told.
+    void EndServing() {
+        ::kill(static_cast<pid_t>(serving_.processId()), SIGINT);
+        serving_.waitForFinished();
+    }
 
 private:
     static inline const QString kName = QStringLiteral("private");

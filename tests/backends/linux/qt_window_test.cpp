@@ -260,6 +260,8 @@ TEST_F(QtWindowTest, ClosingByTheFrameAsksAndDoesNotClose) {
 
 TEST_F(QtWindowTest, MenuEntryTellsItsClick) {
     frame().findChild<QAction*>("exit")->trigger();
+    EXPECT_EQ(exits, 0);
+    QCoreApplication::processEvents();
     EXPECT_EQ(exits, 1);
 }
 

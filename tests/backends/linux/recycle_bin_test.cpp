@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QTimer>
@@ -105,6 +106,15 @@ TEST_F(RecycleBinTest, WhatTakesLongShowsItsProgressAndMessagesRun) {
     EXPECT_EQ(second_call, kBinIsBeingEmptied);
     EXPECT_FALSE(LetterIsThere());
     EXPECT_EQ(ProgressWindow(), nullptr);
+}
+
+TEST_F(RecycleBinTest, ScreenReadersAreToldWhatTheBarShows) {
+    RecycleBin bin(SlowPlaces());
+    OnceSeen([&](QProgressDialog& window) {
+        EXPECT_EQ(window.findChild<QProgressBar*>()->accessibleName(), "Emptied");
+        LetAnswer();
+    });
+    EXPECT_EQ(bin.Empty(0, "", SHERB_NOCONFIRMATION), kBinEmptied);
 }
 
 TEST_F(RecycleBinTest, TheProgressWindowLiesOverAnOwnerThatIsSeen) {

@@ -61,6 +61,14 @@ TEST_F(RegistryTest, BytesComeBackAsTheyWereStored) {
     EXPECT_EQ(bytes, "");
 }
 
+TEST_F(RegistryTest, BytesMayBeginAndEndInBlanks) {
+    for (const std::string& data : {" "s, " \" "s, "1 "s, ""s}) {
+        ASSERT_EQ(Write(" blank ", data), ERROR_SUCCESS);
+        EXPECT_EQ(Read(" blank "), ERROR_SUCCESS) << '"' << data << '"';
+        EXPECT_EQ(bytes, data);
+    }
+}
+
 TEST_F(RegistryTest, FileCanBeReadAndWrittenByAPerson) {
     ASSERT_EQ(Write("Trained", "1\0"s), ERROR_SUCCESS);
     const std::string text = folder.Bytes("corvane/registry");
@@ -164,6 +172,31 @@ TEST(Registry, FileLiesInThePersonsConfigurationFolder) {
     EXPECT_EQ(Registry::FileOfPerson(), folder / "corvane/registry");
     ::unsetenv("XDG_CONFIG_HOME");
     EXPECT_TRUE(Registry::FileOfPerson().string().ends_with("/.config/corvane/registry"));
+}
+
+TEST_F(RegistryTest, AnInstallationMakesTheTrainingDueWhateverIsThere) {
+    const auto due = [&] {
+        HKEY key = 0;
+        EXPECT_EQ(Open("SOFTWARE\\Brindel\\ktcv\\", key), ERROR_SUCCESS);
+        std::string data(2, 'x');
+        std::uint32_t size = 2;
+        EXPECT_EQ(registry.RegQueryValueExA(key, "checktraining", type, data.data(), size),
+                  ERROR_SUCCESS);
+        return data;
+    };
+    const std::string offer =
+        "XDG_CONFIG_HOME='" + folder.path() + "' " CORVANE_TOOLS "/offer-training";
+    ASSERT_EQ(std::system(offer.c_str()), 0);
+    EXPECT_EQ(due(), "1\0"s);
+
+    HKEY key = 0;
+    ASSERT_EQ(Create("SOFTWARE\\Brindel\\ktcv", key), ERROR_SUCCESS);
+    ASSERT_EQ(registry.RegSetValueExA(key, "checktraining", REG_SZ, "0", 1), ERROR_SUCCESS);
+    ASSERT_EQ(Write("Other", "kept"), ERROR_SUCCESS);
+    ASSERT_EQ(std::system(offer.c_str()), 0);
+    EXPECT_EQ(due(), "1\0"s);
+    EXPECT_EQ(Read("Other"), ERROR_SUCCESS);
+    EXPECT_EQ(bytes, "kept");
 }
 
 }  // namespace

@@ -65,6 +65,12 @@ TEST_F(SessionEndTest, ABusThatDoesNotAnswerIsGivenUp) {
     EXPECT_FALSE(session_end.ExitWindowsEx(EWX_REBOOT));
 }
 
+TEST_F(SessionEndTest, ABusThatDiesIsGivenUp) {
+    SwitchOn(tokens);
+    bus.Die();
+    EXPECT_FALSE(session_end.ExitWindowsEx(EWX_REBOOT));
+}
+
 TEST(SessionEndWithoutLogind, Fails) {
     const PrivateBus bus("");
     ProcessTokens tokens;

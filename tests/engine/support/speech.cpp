@@ -23,6 +23,22 @@ Sound Say(const std::string& text, const std::string& voice, double stretch) {
     return Joined(Joined(Stillness(400ms), ReadWavFile(sound.Path())), Stillness(500ms));
 }
 
+Sound Smaller(const Sound& sound, double factor) {
+    Sound smaller;
+    for (double at = 0.0; at + 1.0 < static_cast<double>(sound.size()); at += factor) {
+        const auto index = static_cast<std::size_t>(at);
+        const double part = at - static_cast<double>(index);
+        smaller.push_back(
+            static_cast<std::int16_t>((1.0 - part) * sound[index] + part * sound[index + 1]));
+    }
+    return smaller;
+}
+
+Sound SayAsSomebodySmall(const std::string& text) {
+    constexpr double kFactor = 1.2;
+    return Smaller(Say(text, "slt", kFactor), kFactor);
+}
+
 Sound Stillness(std::chrono::milliseconds duration) {
     Sound sound;
     sound.resize(static_cast<std::size_t>(duration.count()) * 16);

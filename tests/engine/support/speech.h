@@ -18,6 +18,12 @@ using Sound = std::vector<std::int16_t>;
 [[nodiscard]] Sound Say(const std::string& text, const std::string& voice = "slt",
                         double stretch = 1.0);
 
+/// As if the speaker were smaller by this factor: all of the sound higher and shorter.
+[[nodiscard]] Sound Smaller(const Sound& sound, double factor);
+
+/// A voice unlike the acoustic model's, at the usual pace.
+[[nodiscard]] Sound SayAsSomebodySmall(const std::string& text);
+
 [[nodiscard]] Sound Stillness(std::chrono::milliseconds duration);
 
 /// One sound after the other.

@@ -45,6 +45,7 @@ TEST(Startup, TheWholeInitialisationRunsInsideTheFifthTickInItsOrder) {
               "t=5000 CmdLoadFromFile /opt/corvane/keywords.xml 1\n"
               "t=5000 CmdSetRuleIdState 0 1\n"
               "t=5000 rc.EventInterests 66608\n"
+              "t=5000 RegOpenKeyExA SOFTWARE\\Brindel\\ktcv\\ 1\n"
               "t=5000 CreateSpVoice\n"
               "t=5000 OpenTextFile /opt/corvane/keywords.txt\n"
               "t=5000 OpenTextFile /opt/corvane/keywords.txt\n"

@@ -127,6 +127,15 @@ TEST_F(Form5Test, TrainProfileWithoutTheEnginesDialogIsAnErrorThatEndsTheProcess
     EXPECT_NE(desk.Transcript().find("ShowErrorReport 440"), std::string::npos);
 }
 
+TEST_F(Form5Test, NothingInItReachesTheEnginesWords) {
+    desk.HearAll({"train that", "scratch that", "delete", "print page", "clear everything"});
+    desk.ClickInPad("Command1");
+    desk.ClickInPad("Command2");
+    const std::string transcript = desk.Transcript();
+    EXPECT_NE(transcript.find("UserTraining"), std::string::npos);
+    EXPECT_EQ(transcript.find("AddRemoveWord"), std::string::npos);
+}
+
 TEST_F(Form5Test, CancellingThePrintDialogStillPrints) {
     desk.desktop.windows.OnPrintDialog = [] { return false; };
     desk.HearAll({"one", "print page"});

@@ -1,0 +1,35 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "engine/audio/audio_source.h"
+#include "engine/engine_dialogs.h"
+
+namespace corvane::linux_desktop {
+
+/// The engine's dialogs as windows of Qt's. Needs a QApplication. Our other windows take no input
+/// while one is shown.
+class TrainingDialogs final : public EngineDialogs {
+public:
+    /// What the dialogs need of the program; each may be called any number of times.
+    struct Means {
+        /// A microphone that is the caller's alone.
+        std::function<std::unique_ptr<engine::AudioSource>()> open_microphone;
+        /// As WordsPage::Means::say.
+        std::function<void(const std::string& phones)> say;
+    };
+
+    explicit TrainingDialogs(Means means) : means_(std::move(means)) {}
+
+    void UserTraining(std::uint32_t parent, const std::string& title, const std::string& sentence,
+                      engine::UserProfile& profile) override;
+    void AddRemoveWord(std::uint32_t parent, const std::string& title, const std::string& word,
+                       engine::UserProfile& profile) override;
+
+private:
+    Means means_;
+};
+
+}  // namespace corvane::linux_desktop

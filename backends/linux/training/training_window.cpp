@@ -1,0 +1,56 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include "linux/training/training_window.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "linux/windows/look.h"
+
+namespace corvane::linux_desktop {
+namespace {
+
+/// People read from some way off here.
+constexpr double kPoints = 11.0;
+constexpr QSize kSize(720, 520);
+
+}  // namespace
+
+TrainingWindow::TrainingWindow(const std::string& title, engine::UserProfile& profile, Means means)
+    : close_(new QPushButton) {
+    setWindowTitle(Words(title));
+    QFont larger = font();
+    larger.setPointSizeF(kPoints);
+    setFont(larger);
+    resize(kSize);
+
+    means.voice.changed = [this] { NameTheWayOut(); };
+    means.voice.leave = [this] { reject(); };
+    voice_ = new VoicePage(profile, std::move(means.voice));
+    auto* pages = new QTabWidget;
+    pages->setAccessibleName(tr("Training"));
+    pages->addTab(voice_, tr("&Voice"));
+    pages->addTab(new WordsPage(profile, std::move(means.words)), tr("&Words"));
+
+    connect(close_, &QPushButton::clicked, this, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(close_);
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(pages);
+    all->addLayout(buttons);
+    NameTheWayOut();
+    voice_->setFocus();
+}
+
+void TrainingWindow::NameTheWayOut() {
+    using Stage = VoiceSession::Stage;
+    const Stage stage = voice_->Stage();
+    const bool under_way = stage == Stage::reading || stage == Stage::training;
+    close_->setText(under_way ? tr("&Cancel") : tr("&Close"));
+    if (stage == Stage::training || stage == Stage::over) close_->setFocus();
+}
+
+}  // namespace corvane::linux_desktop

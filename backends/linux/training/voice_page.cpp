@@ -1,0 +1,255 @@
+// Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
+#include "linux/training/voice_page.h"
+
+#include <QEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "linux/training/level_meter.h"
+#include "linux/training/voice_words.h"
+#include "linux/windows/look.h"
+
+namespace corvane::linux_desktop {
+namespace {
+
+using Stage = VoiceSession::Stage;
+
+constexpr int kPercent = 100;
+
+QLabel* MakeText(const QString& name) {
+    auto* label = new QLabel;
+    // A sentence may hold what looks like markup.
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setAccessibleName(name);
+    return label;
+}
+
+/// For people and for their screen readers.
+void SetText(QLabel& label, const QString& text) {
+    label.setText(text);
+    label.setAccessibleDescription(text);
+}
+
+/// The larger, the less there is to read.
+void SetLargeText(QLabel& label, const QString& text) {
+    constexpr qsizetype kSentence = 90;
+    constexpr qsizetype kParagraph = 240;
+    QFont font = label.parentWidget()->font();
+    const double size = font.pointSizeF();
+    font.setPointSizeF(text.size() <= kSentence ? 2.2 * size
+                                                : (text.size() <= kParagraph ? 1.6 * size : size));
+    label.setFont(font);
+    SetText(label, text);
+}
+
+}  // namespace
+
+VoicePage::VoicePage(engine::UserProfile& profile, Means means)
+    : profile_(profile),
+      means_(std::move(means)),
+      introduction_(MakeText(tr("What this is"))),
+      number_(MakeText(tr("Progress"))),
+      progress_(new QProgressBar),
+      sentence_(MakeText(tr("Sentence to read"))),
+      picture_(new QLabel),
+      status_(MakeText(tr("Training status"))),
+      wishes_(MakeText(tr("What may be said"))),
+      meter_(new LevelMeter),
+      start_(new QPushButton(tr("&Start"))),
+      again_(new QPushButton(tr("&Again"))),
+      skip_(new QPushButton(tr("S&kip"))),
+      anew_(new QPushButton(tr("&Train again"))),
+      undo_(new QPushButton(tr("&Undo last training"))) {
+    SetText(*introduction_,
+            tr("Read some sentences aloud, and your voice is understood better: by commands and "
+               "in dictation. It takes about three minutes. Press Start, or simply read the "
+               "sentence below."));
+    MakeButtons();
+    LayOut();
+    Begin();
+}
+
+VoicePage::~VoicePage() = default;
+
+void VoicePage::MakeButtons() {
+    start_->setDefault(true);
+    // Nobody is to lose a training by a key pressed without looking.
+    undo_->setAutoDefault(false);
+    setFocusProxy(start_);
+    again_->setToolTip(tr("Read this sentence again from its beginning"));
+    skip_->setToolTip(tr("Leave this sentence out"));
+    anew_->setToolTip(tr("Read the sentences from the first one"));
+    undo_->setToolTip(tr("Be understood as before the last training"));
+    for (QPushButton* button : {start_, again_, skip_, anew_, undo_})
+        button->setAccessibleDescription(button->toolTip());
+    connect(start_, &QPushButton::clicked, this, [this] { session_->Start(); });
+    connect(again_, &QPushButton::clicked, this, [this] { session_->Again(); });
+    connect(skip_, &QPushButton::clicked, this, [this] { session_->Skip(); });
+    connect(anew_, &QPushButton::clicked, this, [this] { BeginAnew(); });
+    connect(undo_, &QPushButton::clicked, this, [this] { session_->UndoTraining(); });
+}
+
+void VoicePage::LayOut() {
+    const int line = fontMetrics().height();
+    auto* card = new QFrame;
+    card->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+    card->setBackgroundRole(QPalette::Base);
+    card->setForegroundRole(QPalette::Text);
+    card->setAutoFillBackground(true);
+    auto* on_card = new QVBoxLayout(card);
+    on_card->setContentsMargins(2 * line, line, 2 * line, line);
+    sentence_->setAlignment(Qt::AlignCenter);
+    sentence_->setForegroundRole(QPalette::Text);
+    on_card->addWidget(sentence_);
+
+    progress_->setAccessibleName(tr("Progress of the training"));
+    progress_->setTextVisible(false);
+    progress_->setFixedHeight(line / 2);
+    meter_->setAccessibleName(tr("Microphone level"));
+
+    auto* told = new QHBoxLayout;
+    told->addWidget(picture_, 0, Qt::AlignTop);
+    told->addWidget(status_, 1);
+    status_->setMinimumHeight(3 * line);
+    status_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+
+    auto* heard = new QHBoxLayout;
+    heard->addWidget(new QLabel(tr("Microphone")));
+    heard->addWidget(meter_, 1);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(undo_);
+    buttons->addStretch();
+    for (QPushButton* button : {anew_, again_, skip_, start_}) buttons->addWidget(button);
+
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(line, line, line, line);
+    all->setSpacing(line * 2 / 3);
+    all->addWidget(introduction_);
+    all->addWidget(number_);
+    all->addWidget(progress_);
+    all->addWidget(card, 1);
+    all->addLayout(told);
+    all->addWidget(wishes_);
+    all->addLayout(heard);
+    all->addLayout(buttons);
+}
+
+void VoicePage::Begin() {
+    // The microphone is closed before it is opened again.
+    session_.reset();
+    session_ = std::make_unique<VoiceSession>(
+        profile_, means_.sentences, means_.open_microphone(),
+        VoiceSession::Events{.Changed = [this] { Show(session_->Now()); },
+                             .Level = [this](int level) { meter_->setValue(level); },
+                             .Leave = means_.leave,
+                             .Anew =
+                                 [this] {
+                                     QMetaObject::invokeMethod(
+                                         this, [this] { BeginAnew(); }, Qt::QueuedConnection);
+                                 }});
+    Show(session_->Now());
+}
+
+void VoicePage::BeginAnew() {
+    Begin();
+    session_->Start();
+}
+
+void VoicePage::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    session_->GoOn();
+}
+
+void VoicePage::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    session_->Rest();
+}
+
+void VoicePage::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange && session_) Show(session_->Now());
+}
+
+void VoicePage::Show(const VoiceSession::State& state) {
+    introduction_->setVisible(state.stage == Stage::introduction);
+    ShowSentence(state);
+    ShowProgress(state);
+    ShowStatus(state);
+    ShowButtons(state);
+    if (std::exchange(shown_stage_, state.stage) == state.stage) return;
+    if (state.stage == Stage::reading) again_->setFocus();
+    means_.changed();
+}
+
+void VoicePage::ShowSentence(const VoiceSession::State& state) {
+    switch (state.stage) {
+        case Stage::training:
+            return SetLargeText(*sentence_, tr("Learning your voice…"));
+        case Stage::over:
+            return SetLargeText(*sentence_, HeadlineOf(state.outcome));
+        case Stage::introduction:
+        case Stage::reading:
+            return SetLargeText(*sentence_, Words(state.sentence));
+    }
+}
+
+void VoicePage::ShowProgress(const VoiceSession::State& state) {
+    const bool reads = state.stage == Stage::introduction || state.stage == Stage::reading;
+    const bool over = state.stage == Stage::over;
+    number_->setVisible(!over);
+    progress_->setVisible(!over);
+    if (reads) {
+        SetText(*number_, tr("Sentence %1 of %2").arg(state.number).arg(state.count));
+        progress_->setRange(0, static_cast<int>(state.count));
+        progress_->setValue(static_cast<int>(state.number) - 1);
+    } else {
+        SetText(*number_, tr("All sentences are read"));
+        progress_->setRange(0, kPercent);
+        progress_->setValue(static_cast<int>(kPercent * state.trained));
+    }
+}
+
+void VoicePage::ShowStatus(const VoiceSession::State& state) {
+    const auto say = [this](const QString& words, QStyle::StandardPixmap picture) {
+        SetText(*status_, words);
+        const int size = fontMetrics().height() * 3 / 2;
+        picture_->setFixedWidth(size);
+        picture_->setPixmap(style()->standardIcon(picture).pixmap(size));
+    };
+    SetText(*wishes_, WishesOf(state));
+    meter_->setEnabled(state.stage != Stage::training);
+    if (!state.failure.empty()) return say(Words(state.failure), QStyle::SP_MessageBoxWarning);
+    switch (state.stage) {
+        case Stage::training:
+            return say(tr("This takes some seconds. You can cancel it at any time."),
+                       QStyle::SP_BrowserReload);
+        case Stage::over: {
+            const bool done = state.outcome == VoiceSession::Outcome::learnt ||
+                              state.outcome == VoiceSession::Outcome::undone;
+            return say(ExplanationOf(state),
+                       done ? QStyle::SP_DialogApplyButton : QStyle::SP_MessageBoxInformation);
+        }
+        case Stage::introduction:
+        case Stage::reading:
+            return say(WordsOf(state.advice), PictureOf(state.advice));
+    }
+}
+
+void VoicePage::ShowButtons(const VoiceSession::State& state) {
+    start_->setVisible(state.stage == Stage::introduction);
+    again_->setVisible(state.stage == Stage::reading);
+    skip_->setVisible(state.stage == Stage::reading);
+    anew_->setVisible(state.stage == Stage::over);
+    undo_->setVisible(state.can_undo);
+    undo_->setEnabled(state.stage != Stage::training);
+}
+
+}  // namespace corvane::linux_desktop
