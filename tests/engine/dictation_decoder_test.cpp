@@ -3,18 +3,19 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 
 #include "engine/speech_engine.h"
 #include "platform/error.h"
+#include "support/error_of.h"
 #include "support/speech.h"
 #include "support/temporary_file.h"
 
 namespace corvane::engine {
 namespace {
 
+using testing::ErrorOf;
 using testing::Say;
 using testing::Sound;
 
@@ -107,15 +108,6 @@ TEST_F(DictationDecoding, StillnessIsNoText) {
     DictationDecoder decoder(InstalledModel());
     EXPECT_TRUE(decoder.Decode({}).words.empty());
     EXPECT_TRUE(decoder.Decode(Sound(160)).words.empty());
-}
-
-std::int32_t ErrorOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
 }
 
 TEST(DictationModelCheck, InstalledModelPasses) {

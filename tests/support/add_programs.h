@@ -86,4 +86,54 @@ private:
     void Act(const std::function<void()>& act) { desk.desktop.Drive(act); }
 };
 
+/// The rule that the window writes for a keyword.
+inline std::string WrittenRule(const std::string& keyword) {
+    return "<RULE NAME=\"" + keyword +
+           "\" TOPLEVEL=\"ACTIVE\">\r\n"
+           "      <O>\r\n"
+           "          <L>\r\n"
+           "               <P>Please</P>\r\n"
+           "               <P>Computer</P>\r\n"
+           "               <P>Will you</P>\r\n"
+           "          </L>\r\n"
+           "      </O>\r\n"
+           "      <O>\r\n"
+           "          <L>\r\n"
+           "               <P>run</P>\r\n"
+           "               <P>execute</P>\r\n"
+           "               <P>load</P>\r\n"
+           "          </L>\r\n"
+           "      </O>\r\n"
+           "      <P>" +
+           keyword +
+           "</P>\r\n"
+           "      <O>please</O>\r\n"
+           "</RULE>\r\n";
+}
+
+/// The command grammar with the rules of these keywords behind the built-in ones.
+inline std::string GrammarWith(const std::vector<std::string>& keywords) {
+    std::string grammar = BuiltinGrammar();
+    std::string rules;
+    for (const std::string& keyword : keywords) rules += WrittenRule(keyword);
+    return grammar.insert(grammar.rfind("</GRAMMAR>"), rules);
+}
+
+/// An Add Programs window through which somebody teaches, from an empty store on.
+class TaughtByTheWindow : public AddProgramsTest {
+public:
+    /// Opens the window on an empty store and teaches these through it.
+    void OpenAndAdd(const std::vector<Entry>& entries) {
+        Open({});
+        for (const auto& [keyword, path] : entries) Add(keyword, path);
+        desk.Transcript();
+    }
+    void Add(const std::string& keyword, const std::string& path) {
+        TypeKeyword(keyword);
+        TypePath(path);
+        PressAdd();
+        desk.desktop.runtime.Install(path);
+    }
+};
+
 }  // namespace corvane::testing

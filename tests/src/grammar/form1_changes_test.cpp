@@ -9,13 +9,11 @@
 namespace corvane {
 namespace {
 
-using testing::AddProgramsTest;
-using testing::BuiltinGrammar;
 using testing::Entry;
+using testing::GrammarWith;
 using testing::kKeywordsTxt;
 using testing::kKeywordsXml;
-
-using Form1Changes = AddProgramsTest;
+using testing::TaughtByTheWindow;
 
 const char* const kInitRec =
     "CreateSpSharedRecoContext\n"
@@ -29,55 +27,6 @@ const std::string kWriteTxt = "CreateTextFile /opt/corvane/keywords.txt\n";
 const std::string kDeleteTxt = "DeleteFile /opt/corvane/keywords.txt\n";
 const std::string kRewriteXml =
     "OpenTextFile /opt/corvane/keywords.xml\nCreateTextFile /opt/corvane/keywords.xml\n";
-
-/// The rule that the window writes for a keyword.
-std::string WrittenRule(const std::string& keyword) {
-    return "<RULE NAME=\"" + keyword +
-           "\" TOPLEVEL=\"ACTIVE\">\r\n"
-           "      <O>\r\n"
-           "          <L>\r\n"
-           "               <P>Please</P>\r\n"
-           "               <P>Computer</P>\r\n"
-           "               <P>Will you</P>\r\n"
-           "          </L>\r\n"
-           "      </O>\r\n"
-           "      <O>\r\n"
-           "          <L>\r\n"
-           "               <P>run</P>\r\n"
-           "               <P>execute</P>\r\n"
-           "               <P>load</P>\r\n"
-           "          </L>\r\n"
-           "      </O>\r\n"
-           "      <P>" +
-           keyword +
-           "</P>\r\n"
-           "      <O>please</O>\r\n"
-           "</RULE>\r\n";
-}
-
-/// The command grammar with the rules of these keywords behind the built-in ones.
-std::string GrammarWith(const std::vector<std::string>& keywords) {
-    std::string grammar = BuiltinGrammar();
-    std::string rules;
-    for (const std::string& keyword : keywords) rules += WrittenRule(keyword);
-    return grammar.insert(grammar.rfind("</GRAMMAR>"), rules);
-}
-
-class TaughtByTheWindow : public AddProgramsTest {
-public:
-    /// Opens the window on an empty store and teaches these through it.
-    void OpenAndAdd(const std::vector<Entry>& entries) {
-        Open({});
-        for (const auto& [keyword, path] : entries) Add(keyword, path);
-        desk.Transcript();
-    }
-    void Add(const std::string& keyword, const std::string& path) {
-        TypeKeyword(keyword);
-        TypePath(path);
-        PressAdd();
-        desk.desktop.runtime.Install(path);
-    }
-};
 
 /// One of the six ways to change the store.
 struct Change {
@@ -283,56 +232,6 @@ TEST_F(TaughtByTheWindow, ThePathIsLookedAtBeforeTheKeyword) {
     EXPECT_NE(desk.Transcript().find("\"Error\""), std::string::npos);
 }
 
-TEST_F(TaughtByTheWindow, AnEmptyKeywordIsTakenAndDeafensTheSystemUntilItsRowIsDeleted) {
-    OpenAndAdd({kOne});
-    TypePath("/x.exe");
-    PressAdd();
-    EXPECT_EQ(Rows(), "one=/one.exe;=/x.exe;");
-    EXPECT_FALSE(desk.Hear("one"));
-    EXPECT_FALSE(desk.Hear("copy"));
-    // Text1 was empty before, so no search runs that would select the first row.
-    ClickRow(1);
-    EXPECT_EQ(Selected(), "");
-    PressDelete();
-    EXPECT_TRUE(desk.Hear("one"));
-    EXPECT_TRUE(desk.Hear("copy"));
-    EXPECT_EQ(File(kKeywordsXml), GrammarWith({"one"}));
-}
-
-TEST_F(TaughtByTheWindow, MarkupInAKeywordDeafensTheSystemUntilItsRowIsDeleted) {
-    for (const char* keyword : {"a<b", "a & b", "a \"b\""}) {
-        SCOPED_TRACE(keyword);
-        testing::Desk fresh;
-        auto& windows = fresh.desktop.windows;
-        const auto act = [&](const std::function<void()>& action) { fresh.desktop.Drive(action); };
-        fresh.Start();
-        fresh.Hear("add program");
-        act([&] {
-            windows.Type("Form1", "Text1", keyword);
-            windows.Type("Form1", "text2", "/x.exe");
-            windows.Click("Form1", "Command2");
-        });
-        EXPECT_FALSE(fresh.Hear("copy"));
-        EXPECT_EQ(*fresh.desktop.files.Bytes(kKeywordsXml), GrammarWith({keyword}));
-        act([&] {
-            windows.ClickRow("Form1", "ListView1", 0);
-            windows.Click("Form1", "Command3");
-        });
-        EXPECT_TRUE(fresh.Hear("copy"));
-        EXPECT_FALSE(fresh.desktop.runtime.Ended());
-    }
-}
-
-TEST_F(TaughtByTheWindow, AKeywordThatIsTheNameOfACommandDeafensTheSystemUntilItIsDeleted) {
-    OpenAndAdd({});
-    Add("copy", "/copier.exe");
-    EXPECT_FALSE(desk.Hear("paste"));
-    ClickRow(0);
-    PressDelete();
-    EXPECT_TRUE(desk.Hear("copy"));
-    EXPECT_EQ(File(kKeywordsXml), GrammarWith({}));
-}
-
 TEST_F(TaughtByTheWindow, ClickingAShorterKeywordBelowALongerOneSelectsTheUpperAndDeleteTakesIt) {
     OpenAndAdd({{"notebook", "/notebook.exe"}, {"note", "/note.exe"}});
     ClickRow(1);
@@ -352,20 +251,6 @@ TEST_F(TaughtByTheWindow, ClickingARowAndPressingAddGivesTheDuplicateMessage) {
     EXPECT_EQ(Rows(), "one=/one.exe;");
 }
 
-TEST_F(TaughtByTheWindow, ClearAllLeavesBoxesAndDeleteAsTheyStandAndDeleteThenEndsTheProcess) {
-    OpenAndAdd({kOne});
-    ClickRow(0);
-    PressClearAll();
-    EXPECT_EQ(Keyword(), "one");
-    EXPECT_EQ(Path(), "/one.exe");
-    EXPECT_TRUE(Enabled("Command3"));
-    EXPECT_FALSE(Enabled("Command4"));
-    desk.Transcript();
-    PressDelete();
-    EXPECT_TRUE(Ended());
-    EXPECT_TRUE(desk.Transcript().starts_with("ShowErrorReport 91 "));
-}
-
 TEST_F(TaughtByTheWindow, ClearAllAsksAndNoLeavesEverythingAsItIs) {
     OpenAndAdd({kOne});
     desk.desktop.runtime.AnswerToQuestions = kNo;
@@ -374,78 +259,6 @@ TEST_F(TaughtByTheWindow, ClearAllAsksAndNoLeavesEverythingAsItIs) {
     EXPECT_EQ(File(kKeywordsTxt), "one\r\n/one.exe\r\n");
     EXPECT_EQ(File(kKeywordsXml), GrammarWith({"one"}));
     EXPECT_TRUE(Enabled("Command4"));
-}
-
-TEST_F(TaughtByTheWindow, ClearAllGoesOnBehindEachStepThatFails) {
-    OpenAndAdd({kOne});
-    desk.desktop.files.Remove(kKeywordsXml);
-    desk.desktop.files.Remove(kKeywordsTxt);
-    PressClearAll();
-    EXPECT_FALSE(Ended());
-    EXPECT_EQ(File(kKeywordsTxt), "");
-    // Its removal failed, so the writing was abandoned: the grammar stays missing.
-    EXPECT_EQ(File(kKeywordsXml), "(missing)");
-    EXPECT_FALSE(desk.Hear("copy"));
-}
-
-TEST_F(TaughtByTheWindow, AQuestionThatCannotBeAskedClearsNothing) {
-    OpenAndAdd({kOne});
-    desk.desktop.record.Fail("MsgBox", kAutomationError);
-    PressClearAll();
-    EXPECT_EQ(Rows(), "one=/one.exe;");
-    EXPECT_FALSE(Ended());
-}
-
-TEST_F(TaughtByTheWindow, AGrammarThatHasGoneEndsTheProcessOnAddAndOnDelete) {
-    OpenAndAdd({});
-    desk.desktop.files.Remove(kKeywordsXml);
-    Add("one", "/one.exe");
-    EXPECT_TRUE(Ended());
-}
-
-TEST_F(TaughtByTheWindow, AGrammarThatHasGoneEndsTheProcessOnDelete) {
-    OpenAndAdd({kOne, kTwo});
-    desk.desktop.files.Remove(kKeywordsXml);
-    ClickRow(0);
-    PressDelete();
-    EXPECT_TRUE(Ended());
-    EXPECT_EQ(File(kKeywordsTxt), "two\r\n/two.exe\r\n");
-}
-
-TEST_F(TaughtByTheWindow, AStoreThatHasGoneIsPassedOverByADoubleClickAndEndsADelete) {
-    OpenAndAdd({kOne, kTwo, {"three", "/three.exe"}});
-    desk.desktop.files.Remove(kKeywordsTxt);
-    DoubleClickRow(0);
-    EXPECT_FALSE(Ended());
-    EXPECT_EQ(Rows(), "two=/two.exe;three=/three.exe;");
-    ClickRow(0);
-    PressDelete();
-    EXPECT_TRUE(Ended());
-}
-
-TEST_F(TaughtByTheWindow, TwoRowsWithOnePathLoseBothPathLinesUntilTheNextAdd) {
-    OpenAndAdd({{"one", "/same.exe"}, {"two", "/same.exe"}});
-    ClickRow(0);
-    PressDelete();
-    EXPECT_EQ(Rows(), "two=/same.exe;");
-    EXPECT_EQ(File(kKeywordsTxt), "two\r\n");
-    desk.Hear("two");
-    EXPECT_TRUE(desk.desktop.runtime.Started().empty());
-    Add("three", "/three.exe");
-    EXPECT_EQ(File(kKeywordsTxt), "two\r\n/same.exe\r\nthree\r\n/three.exe\r\n");
-    desk.Hear("two");
-    EXPECT_EQ(desk.desktop.runtime.Started(), std::vector<std::string>{"/same.exe"});
-}
-
-TEST_F(TaughtByTheWindow, ADoubleClickAndTheSameKeywordAgainGiveTwoRulesOfThatName) {
-    OpenAndAdd({kOne, kTwo});
-    DoubleClickRow(0);
-    Add("one", "/one.exe");
-    EXPECT_EQ(File(kKeywordsXml), GrammarWith({"one", "two", "one"}));
-    EXPECT_FALSE(desk.Hear("copy"));
-    ClickRow(1);
-    PressDelete();
-    EXPECT_TRUE(desk.Hear("copy"));
 }
 
 TEST_F(TaughtByTheWindow, ALastRowThatWasDoubleClickedComesBackWithTheNextLoad) {
@@ -457,16 +270,6 @@ TEST_F(TaughtByTheWindow, ALastRowThatWasDoubleClickedComesBackWithTheNextLoad) 
     EXPECT_EQ(Rows(), "one=/one.exe;");
 }
 
-TEST_F(TaughtByTheWindow, ARowThatHasNoRuleTakesTheGrammarsFirstLineWithIt) {
-    desk.desktop.files.Put(kKeywordsTxt, "one\r\n/one.exe\r\n");
-    OpenAsItIs();
-    ClickRow(0);
-    PressDelete();
-    EXPECT_TRUE(File(kKeywordsXml).starts_with("<RULE NAME=\"dictation notepad\""));
-    EXPECT_FALSE(desk.Hear("copy"));
-    EXPECT_FALSE(Ended());
-}
-
 TEST_F(TaughtByTheWindow, AChangeBringsAQuietSystemBackToItsCommands) {
     OpenAndAdd({});
     desk.Hear("be quiet");
@@ -474,24 +277,5 @@ TEST_F(TaughtByTheWindow, AChangeBringsAQuietSystemBackToItsCommands) {
     Add("one", "/one.exe");
     EXPECT_TRUE(desk.Hear("copy"));
 }
-
-TEST_F(TaughtByTheWindow, OfAThousandKeywordsTheLastOneStarts) {
-    std::string store;
-    std::string grammar = BuiltinGrammar();
-    std::string rules;
-    for (int i = 1; i <= 1000; ++i) {
-        const std::string keyword = "word " + std::to_string(i);
-        store += keyword + "\r\n/" + std::to_string(i) + ".exe\r\n";
-        rules += WrittenRule(keyword);
-    }
-    desk.desktop.files.Put(kKeywordsTxt, store);
-    desk.desktop.files.Put(kKeywordsXml, grammar.insert(grammar.rfind("</GRAMMAR>"), rules));
-    desk.desktop.runtime.Install("/1000.exe");
-    OpenAsItIs();
-    EXPECT_EQ(List().rows.size(), 1000U);
-    EXPECT_TRUE(desk.Hear("run word 1000"));
-    EXPECT_EQ(desk.desktop.runtime.Started().back(), "/1000.exe");
-}
-
 }  // namespace
 }  // namespace corvane
