@@ -23,6 +23,7 @@
 #include "linux/send_keys_notation.h"
 #include "linux/session/x11_clipboard.h"
 #include "linux/session/x11_keyboard.h"
+#include "linux/session/x11_manager_turn.h"
 #include "linux/session/x11_spare_keys.h"
 
 /// Needs an X server with a window manager.
@@ -102,6 +103,9 @@ protected:
                        edit.winId();
         };
         ASSERT_TRUE(QTest::qWaitFor(is_told_active, kBound));
+        // It was asked for the front besides, and might give it once more.
+        ASSERT_TRUE(X11ManagerTurn(x).Await(std::chrono::steady_clock::now() +
+                                            std::chrono::milliseconds(kBound)));
     }
     SessionAnswer Send(const char* notation) {
         const auto answer = keys.Type(ParseKeys(notation));
