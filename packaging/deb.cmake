@@ -34,6 +34,7 @@ string(
   fonts-liberation
   hicolor-icon-theme
   xdg-utils
+  file
   xterm)
 # Native windows on Wayland, the state of the connection, disc drives, printers.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-wayland, network-manager, udisks2, cups")

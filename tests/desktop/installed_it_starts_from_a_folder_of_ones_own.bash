@@ -29,8 +29,7 @@ start_installed
 expect "all data files lie in a folder of one's own" in_own_folder_lie "$delivered"
 expect "the executable lies there as a link" \
     equal "$(readlink "$own/corvane")" "$prefix/lib/corvane/corvane"
-"$tools/say-into-mic" run notepad please
-expect "the delivered keyword starts its program" wait_until 10 terminals_are 1
+expect "the delivered keyword starts its program" say_until terminals_are 1 -- run notepad please
 end_program
 
 printf 'editor\r\n/usr/bin/xterm.exe\r\n' > "$own/keywords.txt"

@@ -26,14 +26,13 @@ expect "the window of the training opens" wait_until 10 training_is_there
 expect "with the sentence" equal "$(shown "Sentence to read")" "$own_sentence"
 expect "before its own" equal "$(shown Progress)" "Sentence 1 of 21"
 
-"$tools/say-into-mic" --voice slt "$own_sentence"
-expect "it goes on by itself when that is read" wait_until 20 shows Progress "Sentence 2 of 21"
+expect "it goes on by itself when that is read" \
+    say_until shows Progress "Sentence 2 of 21" -- "$own_sentence"
 second=$(shown "Sentence to read")
 "$tools/say-into-mic" --voice slt run notepad please
 expect "a command is no reading" wait_until 20 shows "Training status" "did not sound like this"
 expect "so that the sentence stays" equal "$(shown "Sentence to read")" "$second"
-"$tools/say-into-mic" --voice slt "$second"
-expect "until it is read" wait_until 20 shows Progress "Sentence 3 of 21"
+expect "until it is read" say_until shows Progress "Sentence 3 of 21" -- "$second"
 written=$(pad_text)
 
 xdotool key Escape
@@ -43,5 +42,4 @@ expect "nor text" equal "$(pad_text)" "$written"
 expect "nothing was learnt" test ! -e "$XDG_DATA_HOME/corvane/voice.mllr"
 
 expect "the program goes on" say_until pad_is_gone -- quit dictation
-"$tools/say-into-mic" --voice rms run notepad please
-expect "and hears commands" wait_until 10 terminals_are 1
+expect "and hears commands" say_until terminals_are 1 -- run notepad please

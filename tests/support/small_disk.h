@@ -28,7 +28,7 @@ public:
         if (::mkdtemp(name.data()) == nullptr) return;
         path_ = name;
         // Mounts of one's own: nobody else sees it, and whatever becomes of the test it ends then.
-        there_ = (::unshare(CLONE_NEWNS) == 0 || ::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0) &&
+        there_ = (::unshare(CLONE_NEWNS) == 0 || BecomesRootOfItsOwn()) &&
                  ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
                  ::mount("none", name.c_str(), "tmpfs", 0, "size=128k,nr_inodes=64") == 0;
     }
@@ -89,6 +89,18 @@ public:
     }
 
 private:
+    /// As a person who may not mount anything: root of a name space, whose files are the person's.
+    /// Without the names of user and group nothing could be created on the disk.
+    static bool BecomesRootOfItsOwn() {
+        const std::string user = "0 " + std::to_string(::geteuid()) + " 1";
+        const std::string group = "0 " + std::to_string(::getegid()) + " 1";
+        return ::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && Tell("setgroups", "deny") &&
+               Tell("uid_map", user) && Tell("gid_map", group);
+    }
+    static bool Tell(const std::string& file, const std::string& text) {
+        return static_cast<bool>(std::ofstream("/proc/self/" + file) << text << std::flush);
+    }
+
     static constexpr std::string_view kFiller = "filler";
 
     std::filesystem::path path_;
