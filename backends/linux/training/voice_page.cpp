@@ -2,11 +2,11 @@
 #include "linux/training/voice_page.h"
 
 #include <QEvent>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <utility>
@@ -38,10 +38,10 @@ void SetText(QLabel& label, const QString& text) {
 }
 
 /// The larger, the less there is to read.
-void SetLargeText(QLabel& label, const QString& text) {
+void SetLargeText(const QWidget& page, QLabel& label, const QString& text) {
     constexpr qsizetype kSentence = 90;
     constexpr qsizetype kParagraph = 240;
-    QFont font = label.parentWidget()->font();
+    QFont font = page.font();
     const double size = font.pointSizeF();
     font.setPointSizeF(text.size() <= kSentence ? 2.2 * size
                                                 : (text.size() <= kParagraph ? 1.6 * size : size));
@@ -57,6 +57,7 @@ VoicePage::VoicePage(engine::UserProfile& profile, Means means)
       introduction_(MakeText(tr("What this is"))),
       number_(MakeText(tr("Progress"))),
       progress_(new QProgressBar),
+      card_(new QScrollArea),
       sentence_(MakeText(tr("Sentence to read"))),
       picture_(new QLabel),
       status_(MakeText(tr("Training status"))),
@@ -98,16 +99,16 @@ void VoicePage::MakeButtons() {
 
 void VoicePage::LayOut() {
     const int line = fontMetrics().height();
-    auto* card = new QFrame;
-    card->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
-    card->setBackgroundRole(QPalette::Base);
-    card->setForegroundRole(QPalette::Text);
-    card->setAutoFillBackground(true);
-    auto* on_card = new QVBoxLayout(card);
-    on_card->setContentsMargins(2 * line, line, 2 * line, line);
+    // What is handed over may be longer than there is room for.
+    card_->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+    card_->setBackgroundRole(QPalette::Base);
+    card_->setWidgetResizable(true);
+    card_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    card_->setAccessibleName(tr("Sentence"));
+    sentence_->setMargin(line);
     sentence_->setAlignment(Qt::AlignCenter);
     sentence_->setForegroundRole(QPalette::Text);
-    on_card->addWidget(sentence_);
+    card_->setWidget(sentence_);
 
     progress_->setAccessibleName(tr("Progress of the training"));
     progress_->setTextVisible(false);
@@ -135,7 +136,7 @@ void VoicePage::LayOut() {
     all->addWidget(introduction_);
     all->addWidget(number_);
     all->addWidget(progress_);
-    all->addWidget(card, 1);
+    all->addWidget(card_, 1);
     all->addLayout(told);
     all->addWidget(wishes_);
     all->addLayout(heard);
@@ -185,19 +186,25 @@ void VoicePage::Show(const VoiceSession::State& state) {
     ShowStatus(state);
     ShowButtons(state);
     if (std::exchange(shown_stage_, state.stage) == state.stage) return;
-    if (state.stage == Stage::reading) again_->setFocus();
+    if (isVisible()) FollowStage(state.stage);
     means_.changed();
+}
+
+void VoicePage::FollowStage(VoiceSession::Stage stage) {
+    if (stage == Stage::reading) again_->setFocus();
+    // Where no key does anything: whoever still reads with a finger on Enter is to lose nothing.
+    if (stage == Stage::training) card_->setFocus();
 }
 
 void VoicePage::ShowSentence(const VoiceSession::State& state) {
     switch (state.stage) {
         case Stage::training:
-            return SetLargeText(*sentence_, tr("Learning your voice…"));
+            return SetLargeText(*this, *sentence_, tr("Learning your voice…"));
         case Stage::over:
-            return SetLargeText(*sentence_, HeadlineOf(state.outcome));
+            return SetLargeText(*this, *sentence_, HeadlineOf(state.outcome));
         case Stage::introduction:
         case Stage::reading:
-            return SetLargeText(*sentence_, Words(state.sentence));
+            return SetLargeText(*this, *sentence_, Words(state.sentence));
     }
 }
 

@@ -14,6 +14,7 @@
 class QLabel;
 class QProgressBar;
 class QPushButton;
+class QScrollArea;
 
 namespace corvane::linux_desktop {
 
@@ -50,6 +51,7 @@ private:
     void Begin();
     void BeginAnew();
     void Show(const VoiceSession::State& state);
+    void FollowStage(VoiceSession::Stage stage);
     void ShowSentence(const VoiceSession::State& state);
     void ShowProgress(const VoiceSession::State& state);
     void ShowStatus(const VoiceSession::State& state);
@@ -62,6 +64,7 @@ private:
     QLabel* introduction_;
     QLabel* number_;
     QProgressBar* progress_;
+    QScrollArea* card_;
     QLabel* sentence_;
     QLabel* picture_;
     QLabel* status_;

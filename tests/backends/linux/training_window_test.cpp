@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
@@ -70,6 +71,17 @@ protected:
     void Press(Qt::Key key) {
         QWidget* focus = window->focusWidget();
         QTest::keyClick(focus != nullptr ? focus : window, key);
+    }
+    /// The first sentences aloud, and no more, until the training has begun.
+    void ReadEnoughToTrain() {
+        for (std::size_t i = 0; i < engine::VoiceTraining::kFewestSentences; ++i) {
+            const std::string sentence(kReadingSentences[i]);
+            ASSERT_TRUE(Await([&] { return Sentence() == sentence; })) << sentence;
+            Hear(SayAsSomebodySmall(sentence));
+        }
+        ASSERT_TRUE(Await([this] { return Shown("Progress") == "Sentence 6 of 20"; }));
+        while (QPushButton* skip = Button("S&kip")) skip->click();
+        ASSERT_EQ(Shown("Progress"), "All sentences are read");
     }
     void Hear(const Sound& sound) { microphones.back().Hear(Joined(sound, Stillness(1s))); }
 
@@ -203,6 +215,71 @@ TEST_F(TrainingWindowTest, EnterStartsIt) {
         Press(Qt::Key_Return);
         EXPECT_EQ(Button("&Start"), nullptr);
         EXPECT_NE(Button("&Again"), nullptr);
+    });
+}
+
+TEST_F(TrainingWindowTest, EnterOnTheWordsPageClosesNothing) {
+    Train("", [this] {
+        auto* pages = window->findChild<QTabWidget*>();
+        for (const char* stage : {"introduction", "reading", "over"}) {
+            SCOPED_TRACE(stage);
+            pages->setCurrentIndex(0);
+            if (QPushButton* start = Button("&Start");
+                start && stage != std::string("introduction"))
+                start->click();
+            else
+                while (QPushButton* skip = Button("S&kip")) skip->click();
+            pages->setCurrentIndex(1);
+            for (const char* name : {"word", "sounds", "ways", "words", "palette"}) {
+                auto* part = window->findChild<QWidget*>(name);
+                ASSERT_NE(part, nullptr) << name;
+                part->setFocus();
+                QTest::keyClick(part, Qt::Key_Return);
+                ASSERT_TRUE(window->isVisible()) << name;
+            }
+        }
+        auto* word = window->findChild<QLineEdit*>("word");
+        word->setFocus();
+        QTest::keyClicks(word, "corvane");
+        QTest::keyClick(word, Qt::Key_Return);
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_TRUE(profile.Words().contains("corvane"));
+    });
+}
+
+TEST_F(TrainingWindowTest, BehindTheTrainingEnterClosesIt) {
+    Train("", [this] {
+        Button("&Start")->click();
+        while (QPushButton* skip = Button("S&kip")) skip->click();
+        EXPECT_EQ(window->focusWidget(), Button("&Close"));
+        Press(Qt::Key_Return);
+        EXPECT_FALSE(window->isVisible());
+    });
+}
+
+TEST_F(TrainingWindowTest, WhoWritesAWordIsNotDisturbedByTheEndOfATraining) {
+    if (!engine::testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks here, is missing";
+    Train("", [this] {
+        ReadEnoughToTrain();
+        window->findChild<QTabWidget*>()->setCurrentIndex(1);
+        auto* word = window->findChild<QLineEdit*>("word");
+        word->setFocus();
+        ASSERT_TRUE(Await([this] { return Sentence() == "Your voice has been learnt."; }));
+        EXPECT_EQ(window->focusWidget(), word);
+    });
+}
+
+TEST_F(TrainingWindowTest, NoKeyPressedUnawaresThrowsAwayWhatWasRead) {
+    if (!engine::testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks here, is missing";
+    Train("", [this] {
+        ReadEnoughToTrain();
+        EXPECT_NE(window->focusWidget(), Button("&Cancel"));
+        Press(Qt::Key_Return);
+        Press(Qt::Key_Space);
+        ASSERT_TRUE(window->isVisible());
+        ASSERT_TRUE(Await([this] { return Button("&Close") != nullptr; }));
+        EXPECT_EQ(Sentence(), "Your voice has been learnt.");
+        EXPECT_EQ(window->focusWidget(), Button("&Close"));
     });
 }
 
