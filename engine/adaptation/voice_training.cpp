@@ -91,13 +91,15 @@ struct VoiceTraining::Heard {
 };
 
 VoiceTraining::VoiceTraining(const std::string& acoustic_model, const std::string& dictionary,
-                             const std::map<std::string, std::vector<std::string>>& user_words)
+                             const std::map<std::string, std::vector<std::string>>& user_words,
+                             const std::shared_ptr<const SpeakerTransform>& voice)
     : definition_(DefinitionOf(acoustic_model)),
       model_(GaussiansOf(acoustic_model, definition_)),
       features_(acoustic_model),
       decoder_(acoustic_model),
       lexicon_(Dictionary(dictionary)) {
     lexicon_.SetUserWords(user_words);
+    if (voice) present_ = model_.Adapted(*voice);
 }
 
 ReadingVerdict VoiceTraining::Read(const std::string& sentence,
@@ -143,8 +145,9 @@ void VoiceTraining::Forget() {
 TrainingResult VoiceTraining::Train(const GoOn& go_on) const {
     TrainingResult result;
     if (readings_.size() < kFewestSentences) return result;
-    // Each sentence is heard as the model hears it, and as it would.
-    const auto steps = 2.0 * static_cast<double>(readings_.size());
+    // Each sentence is heard as the model hears it, as it is heard until now, and as it would be.
+    const double times = present_ ? 3.0 : 2.0;
+    const double steps = times * static_cast<double>(readings_.size());
     double heard_of = 0.0;
     const auto stopped = [&] { return !go_on(heard_of++ / steps); };
 
@@ -155,6 +158,11 @@ TrainingResult VoiceTraining::Train(const GoOn& go_on) const {
         const auto heard = Hear(readings_[i], model_);
         parts[i % kParts].Add(readings_[i].frames, heard->said, model_);
         before.push_back(heard->below_loop);
+        if (!present_) continue;
+        // What is learnt replaces the voice that there is, so it is that which it must surpass.
+        if (stopped()) return {};
+        if (const auto until_now = Hear(readings_[i], *present_))
+            before.back() = until_now->below_loop;
     }
 
     // By how much each sentence gains from all parts but its own.

@@ -216,5 +216,27 @@ TEST_F(VoiceTrainingTest, WhatDoesNotHelpOnSentencesHeldBackIsNotKept) {
     EXPECT_FALSE(result.transform) << result.before << " to " << result.after;
 }
 
+TEST_F(VoiceTrainingTest, WhatIsLearntMustSurpassTheVoiceThatThereIs) {
+    // A thorough training first, then a hasty one.
+    for (const std::string& sentence : kSentences)
+        ASSERT_EQ(training.Read(sentence, testing::SayAsSomebodySmall(sentence)),
+                  ReadingVerdict::good);
+    const TrainingResult thorough = training.Train();
+    ASSERT_TRUE(thorough.transform);
+
+    const auto train_hastily = [&](std::shared_ptr<const SpeakerTransform> voice) {
+        VoiceTraining hasty(config.acoustic_model, config.dictionary, {}, voice);
+        for (std::size_t i = 0; i < VoiceTraining::kFewestSentences; ++i)
+            (void)hasty.Read(kSentences[i], testing::SayAsSomebodySmall(kSentences[i]));
+        EXPECT_EQ(hasty.Sentences(), VoiceTraining::kFewestSentences);
+        return hasty.Train();
+    };
+    EXPECT_TRUE(train_hastily({}).transform) << "better than nothing";
+    const TrainingResult hasty =
+        train_hastily(std::make_shared<const SpeakerTransform>(*thorough.transform));
+    EXPECT_FALSE(hasty.transform) << hasty.before << " to " << hasty.after;
+    EXPECT_GT(hasty.before, thorough.before) << "the voice is known already";
+}
+
 }  // namespace
 }  // namespace corvane::engine
