@@ -67,7 +67,8 @@ VoicePage::VoicePage(engine::UserProfile& profile, Means means)
       again_(new QPushButton(tr("&Again"))),
       skip_(new QPushButton(tr("S&kip"))),
       anew_(new QPushButton(tr("&Train again"))),
-      undo_(new QPushButton(tr("&Undo last training"))) {
+      undo_(new QPushButton(tr("&Undo last training"))),
+      save_(new QPushButton(tr("Try to &save again"))) {
     SetText(*introduction_,
             tr("Read some sentences aloud, and your voice is understood better: by commands and "
                "in dictation. It takes about three minutes. Press Start, or simply read the "
@@ -88,13 +89,15 @@ void VoicePage::MakeButtons() {
     skip_->setToolTip(tr("Leave this sentence out"));
     anew_->setToolTip(tr("Read the sentences from the first one"));
     undo_->setToolTip(tr("Be understood as before the last training"));
-    for (QPushButton* button : {start_, again_, skip_, anew_, undo_})
+    save_->setToolTip(tr("Keep what was learnt from your reading"));
+    for (QPushButton* button : {start_, again_, skip_, anew_, undo_, save_})
         button->setAccessibleDescription(button->toolTip());
     connect(start_, &QPushButton::clicked, this, [this] { session_->Start(); });
     connect(again_, &QPushButton::clicked, this, [this] { session_->Again(); });
     connect(skip_, &QPushButton::clicked, this, [this] { session_->Skip(); });
     connect(anew_, &QPushButton::clicked, this, [this] { BeginAnew(); });
     connect(undo_, &QPushButton::clicked, this, [this] { session_->UndoTraining(); });
+    connect(save_, &QPushButton::clicked, this, [this] { session_->Save(); });
 }
 
 void VoicePage::LayOut() {
@@ -128,7 +131,7 @@ void VoicePage::LayOut() {
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(undo_);
     buttons->addStretch();
-    for (QPushButton* button : {anew_, again_, skip_, start_}) buttons->addWidget(button);
+    for (QPushButton* button : {anew_, save_, again_, skip_, start_}) buttons->addWidget(button);
 
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(line, line, line, line);
@@ -185,15 +188,17 @@ void VoicePage::Show(const VoiceSession::State& state) {
     ShowProgress(state);
     ShowStatus(state);
     ShowButtons(state);
-    if (std::exchange(shown_stage_, state.stage) == state.stage) return;
-    if (isVisible()) FollowStage(state.stage);
+    const std::pair shown(state.stage, state.can_save);
+    if (std::exchange(shown_, shown) == shown) return;
     means_.changed();
+    if (isVisible()) FollowStage(state);
 }
 
-void VoicePage::FollowStage(VoiceSession::Stage stage) {
-    if (stage == Stage::reading) again_->setFocus();
+void VoicePage::FollowStage(const VoiceSession::State& state) {
+    if (state.stage == Stage::reading) again_->setFocus();
     // Where no key does anything: whoever still reads with a finger on Enter is to lose nothing.
-    if (stage == Stage::training) card_->setFocus();
+    if (state.stage == Stage::training) card_->setFocus();
+    if (state.can_save) save_->setFocus();
 }
 
 void VoicePage::ShowSentence(const VoiceSession::State& state) {
@@ -201,7 +206,7 @@ void VoicePage::ShowSentence(const VoiceSession::State& state) {
         case Stage::training:
             return SetLargeText(*this, *sentence_, tr("Learning your voice…"));
         case Stage::over:
-            return SetLargeText(*this, *sentence_, HeadlineOf(state.outcome));
+            return SetLargeText(*this, *sentence_, HeadlineOf(state));
         case Stage::introduction:
         case Stage::reading:
             return SetLargeText(*this, *sentence_, Words(state.sentence));
@@ -233,7 +238,7 @@ void VoicePage::ShowStatus(const VoiceSession::State& state) {
     };
     SetText(*wishes_, WishesOf(state));
     meter_->setEnabled(state.stage != Stage::training);
-    if (!state.failure.empty()) return say(Words(state.failure), QStyle::SP_MessageBoxWarning);
+    if (!state.failure.empty()) return say(TroubleOf(state), QStyle::SP_MessageBoxWarning);
     switch (state.stage) {
         case Stage::training:
             return say(tr("This takes some seconds. You can cancel it at any time."),
@@ -255,6 +260,7 @@ void VoicePage::ShowButtons(const VoiceSession::State& state) {
     again_->setVisible(state.stage == Stage::reading);
     skip_->setVisible(state.stage == Stage::reading);
     anew_->setVisible(state.stage == Stage::over);
+    save_->setVisible(state.can_save);
     undo_->setVisible(state.can_undo);
     undo_->setEnabled(state.stage != Stage::training);
 }

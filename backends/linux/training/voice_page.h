@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/audio/audio_source.h"
@@ -28,7 +29,7 @@ public:
         /// A microphone that is the caller's alone; called for each training.
         std::function<std::unique_ptr<engine::AudioSource>()> open_microphone;
         std::vector<std::string> sentences;  ///< to be read, at least one
-        std::function<void()> changed;       ///< called when the session is at another stage
+        std::function<void()> changed;       ///< called when something else can be done
         std::function<void()> leave;         ///< called when somebody says so
     };
 
@@ -51,7 +52,7 @@ private:
     void Begin();
     void BeginAnew();
     void Show(const VoiceSession::State& state);
-    void FollowStage(VoiceSession::Stage stage);
+    void FollowStage(const VoiceSession::State& state);
     void ShowSentence(const VoiceSession::State& state);
     void ShowProgress(const VoiceSession::State& state);
     void ShowStatus(const VoiceSession::State& state);
@@ -59,7 +60,8 @@ private:
 
     engine::UserProfile& profile_;
     Means means_;
-    VoiceSession::Stage shown_stage_ = VoiceSession::Stage::introduction;
+    /// Stage, and whether something can be saved.
+    std::pair<VoiceSession::Stage, bool> shown_{VoiceSession::Stage::introduction, false};
 
     QLabel* introduction_;
     QLabel* number_;
@@ -75,6 +77,7 @@ private:
     QPushButton* skip_;
     QPushButton* anew_;
     QPushButton* undo_;
+    QPushButton* save_;
 
     std::unique_ptr<VoiceSession> session_;
 };

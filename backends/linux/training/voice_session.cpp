@@ -18,9 +18,9 @@ constexpr int kMostAttempts = 3;
 constexpr int kLongWait = 100;
 
 /// By VoiceSession::Wish.
-const std::vector<std::string> kWishes{"skip this sentence", "cancel the training",
-                                       "close the window", "train once more",
-                                       "undo the last training"};
+const std::vector<std::string> kWishes{"skip this sentence",     "cancel the training",
+                                       "close the window",       "train once more",
+                                       "undo the last training", "try to save again"};
 
 VoiceSession::Advice AdviceOnGood(bool loud, bool quiet) {
     if (loud) return VoiceSession::Advice::good_but_loud;
@@ -119,6 +119,10 @@ void VoiceSession::UndoTraining() {
     Advise(state_.failure.empty() ? Advice::undone : state_.advice);
 }
 
+void VoiceSession::Save() {
+    if (learnt_) Keep();
+}
+
 void VoiceSession::Rest() {
     resting_ = true;
     ++turn_;
@@ -175,6 +179,8 @@ bool VoiceSession::IsWish(std::optional<std::size_t> choice) const {
             return state_.stage == Stage::over;
         case Wish::undo:
             return state_.can_undo;
+        case Wish::save:
+            return state_.can_save;
         case Wish::cancel:
         case Wish::close:
             return true;
@@ -190,6 +196,8 @@ void VoiceSession::Obey(Wish wish) {
             return events_.Anew();
         case Wish::undo:
             return UndoTraining();
+        case Wish::save:
+            return Save();
         case Wish::cancel:
         case Wish::close:
             return events_.Leave();
@@ -250,12 +258,20 @@ void VoiceSession::Train() {
 void VoiceSession::Trained(const engine::TrainingResult& result) {
     if (!result.transform) return Finish(Outcome::no_help);
     state_.improvement = std::clamp(1.0 - result.after / result.before, 0.0, 1.0);
-    Outcome outcome = Outcome::learnt;
-    on_error([&] { profile_.KeepVoice(*result.transform); },
-             [&](const RuntimeError& error) {
-                 state_.failure = error.what();
-                 outcome = Outcome::failed;
-             });
+    learnt_ = result.transform;
+    Keep();
+}
+
+// What can't be kept now, since there is no room, may be soon: nobody is to read it all again.
+void VoiceSession::Keep() {
+    Outcome outcome = Outcome::failed;
+    on_error(
+        [&] {
+            profile_.KeepVoice(*learnt_);
+            learnt_.reset();
+            outcome = Outcome::learnt;
+        },
+        [&](const RuntimeError& error) { state_.failure = error.what(); });
     Finish(outcome);
 }
 
@@ -263,6 +279,7 @@ void VoiceSession::Finish(Outcome outcome) {
     ++turn_;
     state_.stage = Stage::over;
     state_.outcome = outcome;
+    state_.can_save = learnt_.has_value();
     state_.can_undo = profile_.Voice() != nullptr;
     events_.Changed();
 }

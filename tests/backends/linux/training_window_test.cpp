@@ -12,6 +12,7 @@
 #include <QWindow>
 #include <deque>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <iterator>
 #include <set>
@@ -280,6 +281,25 @@ TEST_F(TrainingWindowTest, NoKeyPressedUnawaresThrowsAwayWhatWasRead) {
         ASSERT_TRUE(Await([this] { return Button("&Close") != nullptr; }));
         EXPECT_EQ(Sentence(), "Your voice has been learnt.");
         EXPECT_EQ(window->focusWidget(), Button("&Close"));
+    });
+}
+
+TEST_F(TrainingWindowTest, WhatCannotBeKeptIsKeptByAButtonOnceThereIsRoom) {
+    if (!engine::testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks here, is missing";
+    std::filesystem::remove(folder.Path());
+    std::ofstream(folder.Path()) << "no folder";
+    Train("", [this] {
+        ReadEnoughToTrain();
+        ASSERT_TRUE(Await([this] { return Sentence() == "Your voice could not be saved."; }));
+        EXPECT_TRUE(StatusHas("can't be kept")) << Shown("Training status");
+        EXPECT_TRUE(StatusHas("make room")) << Shown("Training status");
+        EXPECT_EQ(window->focusWidget(), Button("Try to &save again"));
+        std::filesystem::remove(folder.Path());
+        Press(Qt::Key_Return);
+        EXPECT_EQ(Sentence(), "Your voice has been learnt.");
+        EXPECT_EQ(Button("Try to &save again"), nullptr);
+        EXPECT_EQ(window->focusWidget(), Button("&Close"));
+        EXPECT_TRUE(std::filesystem::exists(folder.Path() + "/voice.mllr"));
     });
 }
 

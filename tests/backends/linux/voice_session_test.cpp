@@ -384,6 +384,27 @@ TEST_F(VoiceSessionTest, WhatCannotBeKeptIsSaid) {
     EXPECT_FALSE(profile->Voice());
 }
 
+TEST_F(VoiceSessionTest, WhatCouldNotBeKeptIsKeptOnceThereIsRoom) {
+    std::ofstream(folder.Path() + "/user") << "no folder";
+    Begin();
+    ReadAll();
+    ASSERT_TRUE(AwaitEnd());
+    EXPECT_TRUE(Now().can_save);
+    session->Save();
+    EXPECT_EQ(Now().outcome, Outcome::failed);
+    EXPECT_TRUE(Now().can_save);
+
+    std::filesystem::remove(folder.Path() + "/user");
+    Hear(Say("try to save again"));
+    ASSERT_TRUE(Await([&] { return Now().outcome == Outcome::learnt; }));
+    EXPECT_FALSE(Now().can_save);
+    EXPECT_TRUE(std::filesystem::exists(folder.Path() + "/user/voice.mllr"));
+    EXPECT_TRUE(profile->Voice());
+    EXPECT_TRUE(Now().can_undo);
+    session->Save();
+    EXPECT_EQ(Now().outcome, Outcome::learnt) << "there is nothing more to keep";
+}
+
 TEST_F(VoiceSessionTest, AModelThatCannotBeReadIsToldOf) {
     const SpeechEngineConfig config;
     profile = std::make_unique<engine::UserProfile>(
