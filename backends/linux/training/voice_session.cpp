@@ -40,6 +40,7 @@ VoiceSession::VoiceSession(engine::UserProfile& profile, std::vector<std::string
       sentences_(std::move(sentences)),
       events_(std::move(events)),
       worker_([this](const std::string& what) {
+          checking_ = false;
           state_.failure = what;
           Finish(Outcome::failed);
       }),
@@ -145,7 +146,8 @@ void VoiceSession::Check(const Reading& reading) {
     const std::string sentence = MayBeRead() ? sentences_[index_] : std::string();
     worker_.Do([this, turn = turn_, sentence, reading]() -> Worker::Then {
         ReadingVerdict verdict = ReadingVerdict::other;
-        if (!sentence.empty()) verdict = training_->Read(sentence, reading.sound);
+        // There is no training when the model can't be read, of which somebody is told by then.
+        if (training_ && !sentence.empty()) verdict = training_->Read(sentence, reading.sound);
         std::optional<std::size_t> choice;
         if (verdict != ReadingVerdict::good && choice_) choice = choice_->Heard(reading.sound);
         return [this, turn, verdict, choice, reading] {
@@ -228,6 +230,7 @@ void VoiceSession::Advance(Advice advice) {
 void VoiceSession::Await(Advice advice) {
     waiting_.reset();
     waited_ = 0;
+    state_.failure.clear();
     microphone_.Await();
     Advise(signal_ ? advice : Advice::no_signal);
 }
@@ -279,6 +282,7 @@ void VoiceSession::Finish(Outcome outcome) {
     ++turn_;
     state_.stage = Stage::over;
     state_.outcome = outcome;
+    if (outcome != Outcome::failed) state_.failure.clear();
     state_.can_save = learnt_.has_value();
     state_.can_undo = profile_.Voice() != nullptr;
     events_.Changed();
