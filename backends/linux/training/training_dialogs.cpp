@@ -33,14 +33,16 @@ void TrainingDialogs::UserTraining(std::uint32_t parent, const std::string& titl
                    .sentences = SentencesToRead(sentence),
                    .changed = {},
                    .leave = {}},
-         .words = {.say = means_.say, .open_microphone = means_.open_microphone}});
+         .words = {
+             .say = means_.say, .hush = means_.hush, .open_microphone = means_.open_microphone}});
     ExecOver(parent, window);
 }
 
 void TrainingDialogs::AddRemoveWord(std::uint32_t parent, const std::string& title,
                                     const std::string& word, engine::UserProfile& profile) {
-    ShowWordsDialog(parent, title, word, profile,
-                    {.say = means_.say, .open_microphone = means_.open_microphone});
+    ShowWordsDialog(
+        parent, title, word, profile,
+        {.say = means_.say, .hush = means_.hush, .open_microphone = means_.open_microphone});
 }
 
 }  // namespace corvane::linux_desktop

@@ -17,8 +17,9 @@ public:
     struct Means {
         /// A microphone that is the caller's alone.
         std::function<std::unique_ptr<engine::AudioSource>()> open_microphone;
-        /// As WordsPage::Means::say.
+        /// As in WordsPage::Means.
         std::function<void(const std::string& phones)> say;
+        std::function<void()> hush;
     };
 
     explicit TrainingDialogs(Means means) : means_(std::move(means)) {}

@@ -44,6 +44,7 @@ WordsPage::WordsPage(engine::UserProfile& profile, Means means, const std::strin
       word_(new QLineEdit),
       ways_(new WaysEditor(
           profile, {.say = std::move(means.say),
+                    .hush = std::move(means.hush),
                     .open_microphone = std::move(means.open_microphone),
                     .tell = [this](const QString& line, bool trouble) { Tell(line, trouble); }})),
       picture_(new QLabel),

@@ -31,6 +31,8 @@ public:
         /// once; cuts off what it was saying. Raises RuntimeError when there is no voice. May be
         /// empty: nothing can be heard then.
         std::function<void(const std::string& phones)> say;
+        /// Cuts off what it was saying. May be empty.
+        std::function<void()> hush;
         /// A microphone that is the caller's alone. May be empty: nothing can be recorded then.
         std::function<std::unique_ptr<engine::AudioSource>()> open_microphone;
     };

@@ -94,7 +94,9 @@ protected:
                                 {}};
     std::deque<engine::testing::Microphone> microphones;
     TrainingDialogs dialogs{TrainingDialogs::Means{
-        .open_microphone = [this] { return microphones.emplace_back().Source(); }, .say = {}}};
+        .open_microphone = [this] { return microphones.emplace_back().Source(); },
+        .say = {},
+        .hush = {}}};
     QDialog* window = nullptr;
 };
 
