@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/adaptation/readable_pieces.h"
 #include "engine/adaptation/reading_sentences.h"
 #include "engine/user_profile.h"
 #include "linux/training/training_window.h"
@@ -17,7 +18,7 @@ namespace {
 
 std::vector<std::string> SentencesToRead(const std::string& first) {
     std::vector<std::string> sentences;
-    if (!first.empty()) sentences.push_back(first);
+    if (!first.empty()) sentences = engine::ReadablePieces(first);
     sentences.insert(sentences.end(), std::begin(engine::kReadingSentences),
                      std::end(engine::kReadingSentences));
     return sentences;

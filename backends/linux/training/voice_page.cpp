@@ -31,9 +31,25 @@ QLabel* MakeText(const QString& name) {
     return label;
 }
 
+/// A word that is wider than the window would make it wider: it may be broken.
+QString Breakable(const QString& text) {
+    constexpr qsizetype kPart = 20;
+    QString broken;
+    qsizetype since_break = 0;
+    for (const QChar sign : text) {
+        since_break = sign.isSpace() ? 0 : since_break + 1;
+        if (since_break > kPart && !sign.isLowSurrogate()) {
+            broken += QChar(0x200B);  // of no width
+            since_break = 1;
+        }
+        broken += sign;
+    }
+    return broken;
+}
+
 /// For people and for their screen readers.
 void SetText(QLabel& label, const QString& text) {
-    label.setText(text);
+    label.setText(Breakable(text));
     label.setAccessibleDescription(text);
 }
 

@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
@@ -84,6 +86,16 @@ protected:
         while (QPushButton* skip = Button("S&kip")) skip->click();
         ASSERT_EQ(Shown("Progress"), "All sentences are read");
     }
+    /// If not without scrolling down.
+    void ExpectAllOfTheSentenceIsInView() const {
+        QApplication::processEvents();
+        const auto* card = window->findChild<QScrollArea*>();
+        const QWidget& sentence = *card->widget();
+        EXPECT_LE(sentence.width(), card->viewport()->width());
+        EXPECT_GE(sentence.height(), sentence.heightForWidth(sentence.width()));
+        EXPECT_EQ(card->verticalScrollBar()->maximum(),
+                  sentence.height() - card->viewport()->height());
+    }
     void Hear(const Sound& sound) { microphones.back().Hear(Joined(sound, Stillness(1s))); }
 
     engine::testing::TemporaryFolder folder;
@@ -120,6 +132,23 @@ TEST_F(TrainingWindowTest, TheSentenceThatWasHandedOverComesFirst) {
         EXPECT_EQ(Shown("Progress"), "Sentence 2 of 21");
         EXPECT_TRUE(StatusHas("Left out"));
     });
+}
+
+TEST_F(TrainingWindowTest, ALongTextIsReadPieceByPieceAndNoneOfItIsCutOff) {
+    std::string text = "Incomprehensibilities";
+    for (int i = 1; i < 119; ++i) text += " incomprehensibilities";
+    Train(text, [this] {
+        EXPECT_EQ(Shown("Progress"), "Sentence 1 of 25");
+        ExpectAllOfTheSentenceIsInView();
+    });
+}
+
+TEST_F(TrainingWindowTest, AWordThatIsWiderThanTheWindowIsBroken) {
+    for (const std::size_t length : {60, 400})
+        Train(std::string(length, 'm'), [this] {
+            EXPECT_LE(window->width(), 900);
+            ExpectAllOfTheSentenceIsInView();
+        });
 }
 
 TEST_F(TrainingWindowTest, AllSentencesReadAloudTrainTheVoiceWithoutAHand) {
