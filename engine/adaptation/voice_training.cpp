@@ -2,8 +2,10 @@
 #include "engine/adaptation/voice_training.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numeric>
+#include <string_view>
 
 #include "engine/grammar/word_graph.h"
 #include "engine/recogniser/alignment.h"
@@ -41,9 +43,33 @@ GaussianModel GaussiansOf(const std::string& acoustic_model, const ModelDefiniti
     return *std::move(model);
 }
 
+/// With the signs that printed text has as keyboards have them.
+std::string AsTyped(std::string text) {
+    struct Sign {
+        std::string_view printed;
+        std::string_view typed;
+    };
+    constexpr std::array<Sign, 11> kPrinted{{{"\u2018", "'"},
+                                             {"\u2019", "'"},
+                                             {"\u201c", "\""},
+                                             {"\u201d", "\""},
+                                             {"\u201e", "\""},
+                                             {"\u00ab", "\""},
+                                             {"\u00bb", "\""},
+                                             {"\u2013", " "},
+                                             {"\u2014", " "},
+                                             {"\u2026", " "},
+                                             {"\u00a0", " "}}};
+    for (const auto& [printed, typed] : kPrinted)
+        for (std::size_t at = 0; (at = text.find(printed, at)) != std::string::npos;)
+            text.replace(at, printed.size(), typed);
+    return text;
+}
+
 /// Words of a sentence without the signs around them.
-Phrase WordsOf(const std::string& sentence) {
+Phrase WordsOf(const std::string& text) {
     constexpr const char* kSigns = ".,;:!?\"()[]{}<>*_-/\\";
+    const std::string sentence = AsTyped(text);
     Phrase words;
     std::size_t at = 0;
     while (at < sentence.size()) {

@@ -160,6 +160,16 @@ TEST_F(VoiceTrainingTest, SomethingElseThanTheSentenceIsNoReading) {
     EXPECT_EQ(training.Sentences(), 1U);
 }
 
+TEST_F(VoiceTrainingTest, PrintedSignsAreReadAsTypedOnes) {
+    const Sound sound = Say("Don't say that the boat isn't ours, it's not true.");
+    EXPECT_EQ(
+        training.Read("\u201cDon\u2019t say that the boat isn\u2019t ours \u2014 it\u2019s not "
+                      "true\u2026\u201d",
+                      sound),
+        ReadingVerdict::good);
+    EXPECT_EQ(training.Read(" \u2018\u2026\u2019 \u2014 ", sound), ReadingVerdict::no_words);
+}
+
 TEST_F(VoiceTrainingTest, AFewSentencesTrainNothing) {
     for (std::size_t i = 0; i + 1 < VoiceTraining::kFewestSentences; ++i)
         ASSERT_EQ(training.Read(kSentences[i], Say(kSentences[i])), ReadingVerdict::good);
