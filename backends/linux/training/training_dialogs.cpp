@@ -1,6 +1,9 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/training/training_dialogs.h"
 
+#include <QApplication>
+#include <QScopeGuard>
+#include <QWidget>
 #include <iterator>
 #include <string>
 #include <vector>
@@ -28,22 +31,38 @@ std::vector<std::string> SentencesToRead(const std::string& first) {
 
 void TrainingDialogs::UserTraining(std::uint32_t parent, const std::string& title,
                                    const std::string& sentence, engine::UserProfile& profile) {
-    TrainingWindow window(
-        title, profile,
-        {.voice = {.open_microphone = means_.open_microphone,
-                   .sentences = SentencesToRead(sentence),
-                   .changed = {},
-                   .leave = {}},
-         .words = {
-             .say = means_.say, .hush = means_.hush, .open_microphone = means_.open_microphone}});
-    ExecOver(parent, window);
+    ShowAlone([&] {
+        TrainingWindow window(title, profile,
+                              {.voice = {.open_microphone = means_.open_microphone,
+                                         .sentences = SentencesToRead(sentence),
+                                         .changed = {},
+                                         .leave = {}},
+                               .words = MeansForWords()});
+        ExecOver(parent, window);
+    });
 }
 
 void TrainingDialogs::AddRemoveWord(std::uint32_t parent, const std::string& title,
                                     const std::string& word, engine::UserProfile& profile) {
-    ShowWordsDialog(
-        parent, title, word, profile,
-        {.say = means_.say, .hush = means_.hush, .open_microphone = means_.open_microphone});
+    ShowAlone([&] { ShowWordsDialog(parent, title, word, profile, MeansForWords()); });
+}
+
+WordsPage::Means TrainingDialogs::MeansForWords() const {
+    return {.say = means_.say, .hush = means_.hush, .open_microphone = means_.open_microphone};
+}
+
+void TrainingDialogs::ShowAlone(const std::function<void()>& show) {
+    if (shown_) {
+        // It, or what stands over it.
+        if (QWidget* window = QApplication::activeModalWidget()) {
+            window->raise();
+            window->activateWindow();
+        }
+        return;
+    }
+    shown_ = true;
+    const auto closed = qScopeGuard([this] { shown_ = false; });
+    show();
 }
 
 }  // namespace corvane::linux_desktop

@@ -7,13 +7,12 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "linux/training/told_text.h"
 #include "linux/windows/look.h"
 
 namespace corvane::linux_desktop {
 namespace {
 
-/// People read from some way off here.
-constexpr double kPoints = 11.0;
 constexpr QSize kSize(720, 520);
 
 }  // namespace
@@ -21,9 +20,7 @@ constexpr QSize kSize(720, 520);
 TrainingWindow::TrainingWindow(const std::string& title, engine::UserProfile& profile, Means means)
     : close_(new QPushButton) {
     setWindowTitle(Words(title));
-    QFont larger = font();
-    larger.setPointSizeF(kPoints);
-    setFont(larger);
+    EnlargeText(*this);
     resize(kSize);
 
     means.voice.changed = [this] { NameTheWayOut(); };

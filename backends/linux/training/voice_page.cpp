@@ -7,11 +7,12 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QStyle>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "linux/training/level_meter.h"
+#include "linux/training/status_line.h"
+#include "linux/training/told_text.h"
 #include "linux/training/voice_words.h"
 #include "linux/windows/look.h"
 
@@ -31,28 +32,6 @@ QLabel* MakeText(const QString& name) {
     return label;
 }
 
-/// A word that is wider than the window would make it wider: it may be broken.
-QString Breakable(const QString& text) {
-    constexpr qsizetype kPart = 20;
-    QString broken;
-    qsizetype since_break = 0;
-    for (const QChar sign : text) {
-        since_break = sign.isSpace() ? 0 : since_break + 1;
-        if (since_break > kPart && !sign.isLowSurrogate()) {
-            broken += QChar(0x200B);  // of no width
-            since_break = 1;
-        }
-        broken += sign;
-    }
-    return broken;
-}
-
-/// For people and for their screen readers.
-void SetText(QLabel& label, const QString& text) {
-    label.setText(Breakable(text));
-    label.setAccessibleDescription(text);
-}
-
 /// The larger, the less there is to read.
 void SetLargeText(const QWidget& page, QLabel& label, const QString& text) {
     constexpr qsizetype kSentence = 90;
@@ -62,7 +41,7 @@ void SetLargeText(const QWidget& page, QLabel& label, const QString& text) {
     font.setPointSizeF(text.size() <= kSentence ? 2.2 * size
                                                 : (text.size() <= kParagraph ? 1.6 * size : size));
     label.setFont(font);
-    SetText(label, text);
+    Announce(label, text);
 }
 
 }  // namespace
@@ -75,8 +54,7 @@ VoicePage::VoicePage(engine::UserProfile& profile, Means means)
       progress_(new QProgressBar),
       card_(new QScrollArea),
       sentence_(MakeText(tr("Sentence to read"))),
-      picture_(new QLabel),
-      status_(MakeText(tr("Training status"))),
+      status_(new StatusLine(tr("Training status"), 3)),
       wishes_(MakeText(tr("What may be said"))),
       meter_(new LevelMeter),
       start_(new QPushButton(tr("&Start"))),
@@ -134,12 +112,6 @@ void VoicePage::LayOut() {
     progress_->setFixedHeight(line / 2);
     meter_->setAccessibleName(tr("Microphone level"));
 
-    auto* told = new QHBoxLayout;
-    told->addWidget(picture_, 0, Qt::AlignTop);
-    told->addWidget(status_, 1);
-    status_->setMinimumHeight(3 * line);
-    status_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-
     auto* heard = new QHBoxLayout;
     heard->addWidget(new QLabel(tr("Microphone")));
     heard->addWidget(meter_, 1);
@@ -156,7 +128,7 @@ void VoicePage::LayOut() {
     all->addWidget(number_);
     all->addWidget(progress_);
     all->addWidget(card_, 1);
-    all->addLayout(told);
+    all->addWidget(status_);
     all->addWidget(wishes_);
     all->addLayout(heard);
     all->addLayout(buttons);
@@ -246,28 +218,22 @@ void VoicePage::ShowProgress(const VoiceSession::State& state) {
 }
 
 void VoicePage::ShowStatus(const VoiceSession::State& state) {
-    const auto say = [this](const QString& words, QStyle::StandardPixmap picture) {
-        SetText(*status_, words);
-        const int size = fontMetrics().height() * 3 / 2;
-        picture_->setFixedWidth(size);
-        picture_->setPixmap(style()->standardIcon(picture).pixmap(size));
-    };
     SetText(*wishes_, WishesOf(state));
     meter_->setEnabled(state.stage != Stage::training);
-    if (!state.failure.empty()) return say(TroubleOf(state), QStyle::SP_MessageBoxWarning);
+    if (!state.failure.empty()) return status_->Say(TroubleOf(state), QStyle::SP_MessageBoxWarning);
     switch (state.stage) {
         case Stage::training:
-            return say(tr("This takes some seconds. You can cancel it at any time."),
-                       QStyle::SP_BrowserReload);
+            return status_->Say(tr("This takes some seconds. You can cancel it at any time."),
+                                QStyle::SP_BrowserReload);
         case Stage::over: {
             const bool done = state.outcome == VoiceSession::Outcome::learnt ||
                               state.outcome == VoiceSession::Outcome::undone;
-            return say(ExplanationOf(state),
-                       done ? QStyle::SP_DialogApplyButton : QStyle::SP_MessageBoxInformation);
+            return status_->Say(ExplanationOf(state), done ? QStyle::SP_DialogApplyButton
+                                                           : QStyle::SP_MessageBoxInformation);
         }
         case Stage::introduction:
         case Stage::reading:
-            return say(WordsOf(state.advice), PictureOf(state.advice));
+            return status_->Say(WordsOf(state.advice), PictureOf(state.advice));
     }
 }
 

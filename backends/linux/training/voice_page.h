@@ -20,6 +20,7 @@ class QScrollArea;
 namespace corvane::linux_desktop {
 
 class LevelMeter;
+class StatusLine;
 
 /// Has somebody read sentences aloud and trains a profile to the voice. It listens while it is
 /// shown.
@@ -68,8 +69,7 @@ private:
     QProgressBar* progress_;
     QScrollArea* card_;
     QLabel* sentence_;
-    QLabel* picture_;
-    QLabel* status_;
+    StatusLine* status_;
     QLabel* wishes_;
     LevelMeter* meter_;
     QPushButton* start_;

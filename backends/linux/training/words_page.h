@@ -12,13 +12,13 @@
 #include "engine/audio/audio_source.h"
 #include "engine/user_profile.h"
 
-class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
 
 namespace corvane::linux_desktop {
 
+class StatusLine;
 class WaysEditor;
 
 /// The user's own words: adds and removes them, and lets their pronunciations be heard, chosen,
@@ -72,8 +72,7 @@ private:
     QPushButton* undo_;
     QLineEdit* word_;
     WaysEditor* ways_;
-    QLabel* picture_;
-    QLabel* status_;
+    StatusLine* status_;
     QPushButton* add_;
     QTimer suggest_;         ///< runs while a word is being written
     std::string suggested_;  ///< the word whose ways are shown

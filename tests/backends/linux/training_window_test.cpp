@@ -385,6 +385,17 @@ TEST_F(TrainingWindowTest, OverAHiddenWindowItStandsAlone) {
         static_cast<std::uint32_t>(pad.winId()));
 }
 
+TEST_F(TrainingWindowTest, ThereIsOneAtATime) {
+    Train("", [this] {
+        dialogs.UserTraining(0, "Corvane --Training", "again", profile);
+        dialogs.AddRemoveWord(0, "Corvane --Add or correct words", "", profile);
+        EXPECT_EQ(QApplication::activeModalWidget(), window);
+        EXPECT_EQ(microphones.size(), 1U);
+        EXPECT_EQ(Sentence(), kReadingSentences[0]);
+    });
+    Train("Another one.", [this] { EXPECT_EQ(Sentence(), "Another one."); });
+}
+
 TEST_F(TrainingWindowTest, TheWindowBelowMayGoMeanwhile) {
     auto pad = std::make_unique<QWidget>();
     pad->show();
