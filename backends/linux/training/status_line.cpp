@@ -3,6 +3,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <algorithm>
 
 #include "linux/training/told_text.h"
 
@@ -14,16 +15,20 @@ StatusLine::StatusLine(const QString& name, int lines) : picture_(new QLabel), w
     words_->setTextFormat(Qt::PlainText);
     words_->setWordWrap(true);
     words_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    words_->setMinimumHeight(lines * fontMetrics().height());
+    words_->setMinimumHeight(std::max(lines * fontMetrics().height(), PictureSize()));
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins({});
     line->addWidget(picture_, 0, Qt::AlignTop);
     line->addWidget(words_, 1);
 }
 
+int StatusLine::PictureSize() const {
+    return fontMetrics().height() * 3 / 2;
+}
+
 void StatusLine::Say(const QString& words, std::optional<QStyle::StandardPixmap> picture) {
-    const int size = fontMetrics().height() * 3 / 2;
-    picture_->setPixmap(picture ? style()->standardIcon(*picture).pixmap(size) : QPixmap());
+    picture_->setPixmap(picture ? style()->standardIcon(*picture).pixmap(PictureSize())
+                                : QPixmap());
     picture_->setVisible(picture.has_value());
     Announce(*words_, words);
 }

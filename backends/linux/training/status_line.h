@@ -19,6 +19,8 @@ public:
     void Say(const QString& words, std::optional<QStyle::StandardPixmap> picture);
 
 private:
+    [[nodiscard]] int PictureSize() const;
+
     QLabel* picture_;
     QLabel* words_;
 };

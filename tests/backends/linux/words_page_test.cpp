@@ -78,7 +78,10 @@ protected:
                             Ways().item(row)->text().toStdString());
         return shown;
     }
-    [[nodiscard]] std::string Status() const { return The<QLabel>("status")->text().toStdString(); }
+    /// As a screen reader reads it: what is shown may be broken anywhere.
+    [[nodiscard]] std::string Status() const {
+        return The<QLabel>("status")->accessibleDescription().toStdString();
+    }
     [[nodiscard]] std::string Complaint() const {
         return The<QLabel>("complaint")->text().toStdString();
     }
