@@ -18,8 +18,9 @@ UserProfile::UserProfile(Places places, Complain complain)
       complain_(std::move(complain)) {}
 
 UserProfile::MakeTraining UserProfile::TrainingMaker() const {
-    return [places = places_, words = words_.All()] {
-        return std::make_unique<VoiceTraining>(places.acoustic_model, places.dictionary, words);
+    return [places = places_, words = words_.All(), voice = voice_.Present()] {
+        return std::make_unique<VoiceTraining>(places.acoustic_model, places.dictionary, words,
+                                               voice);
     };
 }
 

@@ -31,9 +31,9 @@ public:
 
     [[nodiscard]] const UserVoice::Transform& Voice() const { return voice_.Present(); }
     using MakeTraining = std::function<std::unique_ptr<VoiceTraining>()>;
-    /// Makes a training to read sentences into, with the words that there are now. To make it takes
-    /// a second, and any thread may do so and run it; raises kAutomationError when the acoustic
-    /// model is of a kind that can't be trained.
+    /// Makes a training to read sentences into, with the words that there are now, which must
+    /// surpass the voice that there is now. To make it takes a second, and any thread may do so and
+    /// run it; raises kAutomationError when the acoustic model is of a kind that can't be trained.
     [[nodiscard]] MakeTraining TrainingMaker() const;
     using MakeChoice = std::function<std::unique_ptr<SpokenChoice>()>;
     /// Likewise, of what hears these phrases, said in the voice that there is now.

@@ -45,11 +45,14 @@ start_program() {
     program=$!
 }
 
-# decline_training FOLDER: an installed program offers its training once, at the first start; in this
-# folder of settings it has been answered.
-decline_training() {
+# An installed program offers its training once, at the first start; in this folder of settings the
+# offer is due, or has been answered. Text that is to be read ends in a terminator.
+# offer_training FOLDER, decline_training FOLDER
+offer_training() { put_down_training "$1" '1%00'; }
+decline_training() { put_down_training "$1" 0; }
+put_down_training() {
     mkdir -p "$1/corvane"
-    printf '[%s]\n"checktraining" 1 "0"\n' 'SOFTWARE\Brindel\ktcv' > "$1/corvane/registry"
+    printf '[%s]\n"checktraining" 1 "%s"\n' 'SOFTWARE\Brindel\ktcv' "$2" > "$1/corvane/registry"
 }
 
 window_is_there() { xdotool search --onlyvisible --name "^$1\$" > /dev/null 2>&1; }

@@ -68,10 +68,11 @@ SpeechEngineConfig ConfigurationOfPerson() {
     config.complain = [](const std::string& line) {
         std::cerr << "KT Corvane: " << line << '\n' << std::flush;
     };
+    const auto voice = std::make_shared<PronunciationVoice>(kSoundName);
     config.dialogs = std::make_shared<TrainingDialogs>(
         TrainingDialogs::Means{.open_microphone = OpenMicrophone,
-                               .say = [voice = std::make_shared<PronunciationVoice>(kSoundName)](
-                                          const std::string& phones) { voice->Say(phones); }});
+                               .say = [voice](const std::string& phones) { voice->Say(phones); },
+                               .hush = [voice] { voice->Hush(); }});
     return config;
 }
 

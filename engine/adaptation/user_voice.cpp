@@ -54,10 +54,11 @@ void UserVoice::Keep(const SpeakerTransform& transform) {
         std::optional<FreshFile> before;
         if (present_) before.emplace(EarlierFile(), WriteTransform(*present_, model_));
         const auto kept = [&] {
-            if (!voice.Written() || (before && !before->TakePlace())) return false;
+            if (!voice.Written() || (before && !before->TakePlace()) || !voice.TakePlace())
+                return false;
             std::error_code failure;
             if (!before) std::filesystem::remove(EarlierFile(), failure);
-            return voice.TakePlace();
+            return true;
         };
         if (!kept()) throw RuntimeError(kAutomationError, "The voice can't be kept in " + File());
     }

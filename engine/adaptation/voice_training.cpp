@@ -2,8 +2,10 @@
 #include "engine/adaptation/voice_training.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numeric>
+#include <string_view>
 
 #include "engine/grammar/word_graph.h"
 #include "engine/recogniser/alignment.h"
@@ -41,9 +43,33 @@ GaussianModel GaussiansOf(const std::string& acoustic_model, const ModelDefiniti
     return *std::move(model);
 }
 
+/// With the signs that printed text has as keyboards have them.
+std::string AsTyped(std::string text) {
+    struct Sign {
+        std::string_view printed;
+        std::string_view typed;
+    };
+    constexpr std::array<Sign, 11> kPrinted{{{"\u2018", "'"},
+                                             {"\u2019", "'"},
+                                             {"\u201c", "\""},
+                                             {"\u201d", "\""},
+                                             {"\u201e", "\""},
+                                             {"\u00ab", "\""},
+                                             {"\u00bb", "\""},
+                                             {"\u2013", " "},
+                                             {"\u2014", " "},
+                                             {"\u2026", " "},
+                                             {"\u00a0", " "}}};
+    for (const auto& [printed, typed] : kPrinted)
+        for (std::size_t at = 0; (at = text.find(printed, at)) != std::string::npos;)
+            text.replace(at, printed.size(), typed);
+    return text;
+}
+
 /// Words of a sentence without the signs around them.
-Phrase WordsOf(const std::string& sentence) {
+Phrase WordsOf(const std::string& text) {
     constexpr const char* kSigns = ".,;:!?\"()[]{}<>*_-/\\";
+    const std::string sentence = AsTyped(text);
     Phrase words;
     std::size_t at = 0;
     while (at < sentence.size()) {
@@ -91,13 +117,15 @@ struct VoiceTraining::Heard {
 };
 
 VoiceTraining::VoiceTraining(const std::string& acoustic_model, const std::string& dictionary,
-                             const std::map<std::string, std::vector<std::string>>& user_words)
+                             const std::map<std::string, std::vector<std::string>>& user_words,
+                             const std::shared_ptr<const SpeakerTransform>& voice)
     : definition_(DefinitionOf(acoustic_model)),
       model_(GaussiansOf(acoustic_model, definition_)),
       features_(acoustic_model),
       decoder_(acoustic_model),
       lexicon_(Dictionary(dictionary)) {
     lexicon_.SetUserWords(user_words);
+    if (voice) present_ = model_.Adapted(*voice);
 }
 
 ReadingVerdict VoiceTraining::Read(const std::string& sentence,
@@ -143,8 +171,9 @@ void VoiceTraining::Forget() {
 TrainingResult VoiceTraining::Train(const GoOn& go_on) const {
     TrainingResult result;
     if (readings_.size() < kFewestSentences) return result;
-    // Each sentence is heard as the model hears it, and as it would.
-    const auto steps = 2.0 * static_cast<double>(readings_.size());
+    // Each sentence is heard as the model hears it, as it is heard until now, and as it would be.
+    const double times = present_ ? 3.0 : 2.0;
+    const double steps = times * static_cast<double>(readings_.size());
     double heard_of = 0.0;
     const auto stopped = [&] { return !go_on(heard_of++ / steps); };
 
@@ -155,6 +184,11 @@ TrainingResult VoiceTraining::Train(const GoOn& go_on) const {
         const auto heard = Hear(readings_[i], model_);
         parts[i % kParts].Add(readings_[i].frames, heard->said, model_);
         before.push_back(heard->below_loop);
+        if (!present_) continue;
+        // What is learnt replaces the voice that there is, so it is that which it must surpass.
+        if (stopped()) return {};
+        if (const auto until_now = Hear(readings_[i], *present_))
+            before.back() = until_now->below_loop;
     }
 
     // By how much each sentence gains from all parts but its own.

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -30,8 +31,8 @@ enum class ReadingVerdict : std::uint8_t {
 /// What a training has come to.
 struct TrainingResult {
     /// How far the sentences stand out of any string of phones, mean over their frames, in the
-    /// decoder's unit by a hundred, 0 at best: as the model hears this voice, and as it would with
-    /// a transform made of other sentences of it.
+    /// decoder's unit by a hundred, 0 at best: as this voice is heard until now, and as it would be
+    /// with a transform made of other sentences of it.
     double before = 0.0;
     double after = 0.0;
     /// Made of all sentences; nothing if on sentences held back it does not help.
@@ -48,10 +49,12 @@ public:
 
     using GoOn = std::function<bool(double done)>;
 
+    /// voice: of an earlier training, which this one must surpass; empty: one of the model's.
     /// Raises kAutomationError when the model can't be read, or is not of the kind that can be
     /// trained.
     VoiceTraining(const std::string& acoustic_model, const std::string& dictionary,
-                  const std::map<std::string, std::vector<std::string>>& user_words = {});
+                  const std::map<std::string, std::vector<std::string>>& user_words = {},
+                  const std::shared_ptr<const SpeakerTransform>& voice = {});
 
     /// sound: 16 kHz, with stillness around the words.
     [[nodiscard]] ReadingVerdict Read(const std::string& sentence,
@@ -81,6 +84,7 @@ private:
 
     ModelDefinition definition_;
     GaussianModel model_;
+    std::optional<GaussianModel> present_;  ///< as the voice is heard until now, if that is known
     FeatureExtractor features_;
     Decoder decoder_;
     Lexicon lexicon_;

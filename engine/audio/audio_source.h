@@ -19,6 +19,10 @@ public:
     /// or 0 for good once the stream is at its end or was interrupted. Called on one thread only.
     virtual std::size_t Read(std::span<std::int16_t> block) = 0;
 
+    /// Samples that were captured already and wait to be read; none where they are made when they
+    /// are read. Callable from any thread.
+    [[nodiscard]] virtual std::size_t Waiting() { return 0; }
+
     /// Makes a Read that is waiting, and every later one, return 0. Callable from any thread.
     virtual void Interrupt() = 0;
 };

@@ -29,6 +29,7 @@ public:
     PulseCapture& operator=(const PulseCapture&) = delete;
 
     std::size_t Read(std::span<std::int16_t> block) override;
+    [[nodiscard]] std::size_t Waiting() override { return queue_.Waiting(); }
     void Interrupt() override;
 
 private:

@@ -27,6 +27,11 @@ std::size_t SampleQueue::Pop(std::span<std::int16_t> block) {
     return count;
 }
 
+std::size_t SampleQueue::Waiting() {
+    const std::lock_guard lock(mutex_);
+    return samples_.size();
+}
+
 void SampleQueue::Close() {
     {
         const std::lock_guard lock(mutex_);

@@ -21,6 +21,9 @@ public:
     /// Waits for sound; returns how many samples were put into `block`, 0 for good once closed.
     std::size_t Pop(std::span<std::int16_t> block);
 
+    /// Samples in it.
+    [[nodiscard]] std::size_t Waiting();
+
     void Close();
 
 private:

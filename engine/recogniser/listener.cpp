@@ -89,6 +89,7 @@ bool Listener::ReadFrame(std::span<std::int16_t> frame) {
         const std::size_t count = source_.Read(frame);
         if (count == 0) return false;
         frame = frame.subspan(count);
+        read_ += static_cast<std::int64_t>(count);
     }
     return !stopping_;
 }
@@ -132,12 +133,20 @@ void Listener::UseVocabulary(std::shared_ptr<const Vocabulary> vocabulary) {
     if (endpointer_.InSpeech()) BeginUtterance();
 }
 
+// What the thread has yet to read was said to the dialog as well: it may be seconds behind.
+void Listener::Resume() {
+    resumed_ = read_ + static_cast<std::int64_t>(source_.Waiting());
+    ++pauses_;
+}
+
 void Listener::TakePause() {
     const std::uint32_t pauses = pauses_;
     if (pauses == known_pauses_) return;
     known_pauses_ = pauses;
     const bool ended = pauses % 2 == 0;
-    heard_from_ = ended ? endpointer_.Position() : std::numeric_limits<std::int64_t>::max();
+    constexpr std::int64_t kSamples = Endpointer::kFrameSamples;
+    heard_from_ =
+        ended ? (resumed_ + kSamples - 1) / kSamples : std::numeric_limits<std::int64_t>::max();
     ForgetUtterance();
 }
 

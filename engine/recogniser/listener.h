@@ -47,9 +47,10 @@ public:
     void SetInterests(std::int32_t interests) { interests_ = interests; }
 
     /// What is said from now on until Resume, if only in part, is no utterance: nobody is told of
-    /// it, then or later. The room is still heard.
+    /// it, then or later. The room is still heard. Said is what the source has captured, though it
+    /// may be read later.
     void Pause() { ++pauses_; }
-    void Resume() { ++pauses_; }
+    void Resume();
 
     void WaitForEndOfStream();
 
@@ -98,6 +99,8 @@ private:
     std::atomic<std::int32_t> interests_ = 0;
     std::atomic<bool> stopping_ = false;
     std::atomic<std::uint32_t> pauses_ = 0;  ///< begun and ended: odd while there is one
+    std::atomic<std::int64_t> read_ = 0;     ///< samples of the stream
+    std::atomic<std::int64_t> resumed_ = 0;  ///< samples that were captured by then
 
     // The thread's own.
     std::shared_ptr<const Vocabulary> vocabulary_ = std::make_shared<Vocabulary>();

@@ -6,11 +6,10 @@ source "$(dirname "${BASH_SOURCE[0]}")/helpers.bash"
 
 training="Corvane --Training"
 export XDG_CONFIG_HOME="$scratch/settings" XDG_DATA_HOME="$scratch/data"
-mkdir -p "$XDG_CONFIG_HOME"
 
 word_is_kept() { grep -qx 'corvane K AO R V EY N' "$XDG_DATA_HOME/corvane/words.txt" 2> /dev/null; }
 
-"$tools/offer-training"
+offer_training "$XDG_CONFIG_HOME"
 start_program "$1" "$scratch/program"
 expect "the first start offers the training" wait_until 30 window_is_there "$training"
 if window_is_there "$main_window"; then expect "the main window waits for it" false; fi

@@ -104,6 +104,18 @@ TEST_F(DialogPause, WhatEndsInADialogIsNoCommandEither) {
     EXPECT_EQ(Commands(), 0U);
 }
 
+TEST_F(DialogPause, WhatWasSaidToADialogAndIsReadBehindItIsNoCommand) {
+    listening = std::make_unique<Listening>(*room.engine, grammar.Path());
+    // More than can be read until the dialog closes, as when the engine was busy.
+    dialogs->while_shown = [this] {
+        room.microphone.Hear(Joined(Joined(Stillness(5s), command), Stillness(1s)));
+    };
+    context()->Recognizer()->DisplayUI(0, "Title", "UserTraining", "");
+    room.microphone.WaitUntilRead();
+    room.HearToTheEnd(Joined(Stillness(1s), command));
+    ASSERT_EQ(Commands(), 1U) << "the one behind the dialog";
+}
+
 TEST_F(DialogPause, BehindTheDialogCommandsAreHeardAgain) {
     listening = std::make_unique<Listening>(*room.engine, grammar.Path());
     Hear("UserTraining", command);

@@ -149,6 +149,20 @@ TEST(UserVoiceOnAFullDisk, ChangesNothingWhenItCannotBeKept) {
     EXPECT_FALSE(UserVoice(disk / "profile", SpeechEngineConfig().acoustic_model, {}).Present());
 }
 
+TEST_F(UserVoiceTest, TheEarlierOneStaysWhereTheNewOneCannotTakeItsPlace) {
+    Open().Keep(Shifted(1.5F));
+    Open().Keep(Shifted(2.5F));
+    std::filesystem::remove(File());
+    std::filesystem::create_directories(File() + "/in/the/way");
+    UserVoice voice = Open();
+    EXPECT_THROW(voice.Keep(Shifted(3.5F)), RuntimeError);
+    std::filesystem::remove_all(File());
+    voice = Open();
+    EXPECT_FALSE(voice.Present());
+    voice.Undo();
+    EXPECT_EQ(ShiftOf(voice.Present()), 1.5F);
+}
+
 TEST_F(UserVoiceTest, AVoiceThatCannotBeKeptIsNotTaken) {
     std::ofstream(folder.Path() + "/file") << "in the way";
     UserVoice voice(folder.Path() + "/file", SpeechEngineConfig().acoustic_model, {});

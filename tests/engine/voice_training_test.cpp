@@ -160,6 +160,16 @@ TEST_F(VoiceTrainingTest, SomethingElseThanTheSentenceIsNoReading) {
     EXPECT_EQ(training.Sentences(), 1U);
 }
 
+TEST_F(VoiceTrainingTest, PrintedSignsAreReadAsTypedOnes) {
+    const Sound sound = Say("Don't say that the boat isn't ours, it's not true.");
+    EXPECT_EQ(
+        training.Read("\u201cDon\u2019t say that the boat isn\u2019t ours \u2014 it\u2019s not "
+                      "true\u2026\u201d",
+                      sound),
+        ReadingVerdict::good);
+    EXPECT_EQ(training.Read(" \u2018\u2026\u2019 \u2014 ", sound), ReadingVerdict::no_words);
+}
+
 TEST_F(VoiceTrainingTest, AFewSentencesTrainNothing) {
     for (std::size_t i = 0; i + 1 < VoiceTraining::kFewestSentences; ++i)
         ASSERT_EQ(training.Read(kSentences[i], Say(kSentences[i])), ReadingVerdict::good);
@@ -214,6 +224,28 @@ TEST_F(VoiceTrainingTest, WhatDoesNotHelpOnSentencesHeldBackIsNotKept) {
     ASSERT_GE(training.Sentences(), VoiceTraining::kFewestSentences);
     const TrainingResult result = training.Train();
     EXPECT_FALSE(result.transform) << result.before << " to " << result.after;
+}
+
+TEST_F(VoiceTrainingTest, WhatIsLearntMustSurpassTheVoiceThatThereIs) {
+    // A thorough training first, then a hasty one.
+    for (const std::string& sentence : kSentences)
+        ASSERT_EQ(training.Read(sentence, testing::SayAsSomebodySmall(sentence)),
+                  ReadingVerdict::good);
+    const TrainingResult thorough = training.Train();
+    ASSERT_TRUE(thorough.transform);
+
+    const auto train_hastily = [&](std::shared_ptr<const SpeakerTransform> voice) {
+        VoiceTraining hasty(config.acoustic_model, config.dictionary, {}, voice);
+        for (std::size_t i = 0; i < VoiceTraining::kFewestSentences; ++i)
+            (void)hasty.Read(kSentences[i], testing::SayAsSomebodySmall(kSentences[i]));
+        EXPECT_EQ(hasty.Sentences(), VoiceTraining::kFewestSentences);
+        return hasty.Train();
+    };
+    EXPECT_TRUE(train_hastily({}).transform) << "better than nothing";
+    const TrainingResult hasty =
+        train_hastily(std::make_shared<const SpeakerTransform>(*thorough.transform));
+    EXPECT_FALSE(hasty.transform) << hasty.before << " to " << hasty.after;
+    EXPECT_GT(hasty.before, thorough.before) << "the voice is known already";
 }
 
 }  // namespace

@@ -25,6 +25,8 @@ class SpokenForms(unittest.TestCase):
         self.grammar("quiet.xml")
         self.grammar("calendar.xml")
         self.dictation("")
+        (self.project / "backends/linux/training").mkdir(parents=True)
+        self.training("")
 
     def grammar(self, file, **rules):
         text = "".join(f'<RULE NAME="{name}" TOPLEVEL="ACTIVE">{body}</RULE>' for name, body in rules.items())
@@ -32,6 +34,9 @@ class SpokenForms(unittest.TestCase):
 
     def dictation(self, code):
         (self.project / "src/core/dictation_mode.cpp").write_text(code)
+
+    def training(self, code):
+        (self.project / "backends/linux/training/voice_session.cpp").write_text(code)
 
     def run_tool(self, page, *options):
         self.page.write_text(NOTEPAD_PLACE + page)
@@ -86,6 +91,11 @@ class SpokenForms(unittest.TestCase):
         self.dictation('if (phrase == "scratch that") return;')
         self.becomes("<q>scratch that</q>", "<q>scratch that</q>")
         self.is_refused("", 'the phrase "scratch that" of dictation is not told')
+
+    def test_what_the_training_hears_may_be_quoted(self):
+        self.training('kWishes{"skip this one",\n "close it"}; Other{"not this"}')
+        self.becomes("<q>close it</q> <q>skip this one</q>", "<q>close it</q> <q>skip this one</q>")
+        self.is_refused("<q>not this</q>", 'nobody can say "not this"')
 
     def test_a_check_tells_what_is_not_up_to_date_and_writes_nothing(self):
         self.grammar("quiet.xml", wake="<P>wake up</P>")

@@ -12,4 +12,8 @@ void PronunciationVoice::Say(const std::string& phones) {
                   SVSFlagsAsync + SVSFPurgeBeforeSpeak + SVSFIsXML);
 }
 
+void PronunciationVoice::Hush() {
+    if (voice_) voice_->Speak("", SVSFlagsAsync + SVSFPurgeBeforeSpeak);
+}
+
 }  // namespace corvane::linux_desktop

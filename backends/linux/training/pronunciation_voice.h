@@ -18,6 +18,8 @@ public:
     /// phones: of the acoustic model, parted by blanks. Raises kAutomationError when no voice is
     /// installed.
     void Say(const std::string& phones);
+    /// Cuts off what is being said.
+    void Hush();
 
 private:
     std::string client_name_;

@@ -7,13 +7,12 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "linux/training/told_text.h"
 #include "linux/windows/look.h"
 
 namespace corvane::linux_desktop {
 namespace {
 
-/// People read from some way off here.
-constexpr double kPoints = 11.0;
 constexpr QSize kSize(720, 520);
 
 }  // namespace
@@ -21,9 +20,7 @@ constexpr QSize kSize(720, 520);
 TrainingWindow::TrainingWindow(const std::string& title, engine::UserProfile& profile, Means means)
     : close_(new QPushButton) {
     setWindowTitle(Words(title));
-    QFont larger = font();
-    larger.setPointSizeF(kPoints);
-    setFont(larger);
+    EnlargeText(*this);
     resize(kSize);
 
     means.voice.changed = [this] { NameTheWayOut(); };
@@ -35,6 +32,7 @@ TrainingWindow::TrainingWindow(const std::string& title, engine::UserProfile& pr
     pages->addTab(new WordsPage(profile, std::move(means.words)), tr("&Words"));
 
     connect(close_, &QPushButton::clicked, this, &QDialog::reject);
+    connect(pages, &QTabWidget::currentChanged, this, [this] { FollowEnter(); });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(close_);
@@ -50,7 +48,16 @@ void TrainingWindow::NameTheWayOut() {
     const Stage stage = voice_->Stage();
     const bool under_way = stage == Stage::reading || stage == Stage::training;
     close_->setText(under_way ? tr("&Cancel") : tr("&Close"));
-    if (stage == Stage::training || stage == Stage::over) close_->setFocus();
+    FollowEnter();
+    // Whoever writes a word meanwhile goes on with that.
+    if (stage == Stage::over && voice_->isVisible()) close_->setFocus();
+}
+
+// Enter adds a word that is being written, and throws no reading away: it closes only what is over.
+void TrainingWindow::FollowEnter() {
+    const bool closes = voice_->Stage() == VoiceSession::Stage::over && voice_->isVisible();
+    close_->setAutoDefault(closes);
+    if (!closes) close_->setDefault(false);
 }
 
 }  // namespace corvane::linux_desktop

@@ -24,6 +24,7 @@ public:
 
 private:
     void NameTheWayOut();
+    void FollowEnter();
 
     VoicePage* voice_ = nullptr;
     QPushButton* close_;

@@ -2,16 +2,17 @@
 #include "linux/training/voice_page.h"
 
 #include <QEvent>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QStyle>
+#include <QScrollArea>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "linux/training/level_meter.h"
+#include "linux/training/status_line.h"
+#include "linux/training/told_text.h"
 #include "linux/training/voice_words.h"
 #include "linux/windows/look.h"
 
@@ -31,22 +32,16 @@ QLabel* MakeText(const QString& name) {
     return label;
 }
 
-/// For people and for their screen readers.
-void SetText(QLabel& label, const QString& text) {
-    label.setText(text);
-    label.setAccessibleDescription(text);
-}
-
 /// The larger, the less there is to read.
-void SetLargeText(QLabel& label, const QString& text) {
+void SetLargeText(const QWidget& page, QLabel& label, const QString& text) {
     constexpr qsizetype kSentence = 90;
     constexpr qsizetype kParagraph = 240;
-    QFont font = label.parentWidget()->font();
+    QFont font = page.font();
     const double size = font.pointSizeF();
     font.setPointSizeF(text.size() <= kSentence ? 2.2 * size
                                                 : (text.size() <= kParagraph ? 1.6 * size : size));
     label.setFont(font);
-    SetText(label, text);
+    Announce(label, text);
 }
 
 }  // namespace
@@ -57,16 +52,17 @@ VoicePage::VoicePage(engine::UserProfile& profile, Means means)
       introduction_(MakeText(tr("What this is"))),
       number_(MakeText(tr("Progress"))),
       progress_(new QProgressBar),
+      card_(new QScrollArea),
       sentence_(MakeText(tr("Sentence to read"))),
-      picture_(new QLabel),
-      status_(MakeText(tr("Training status"))),
+      status_(new StatusLine(tr("Training status"), 3)),
       wishes_(MakeText(tr("What may be said"))),
       meter_(new LevelMeter),
       start_(new QPushButton(tr("&Start"))),
       again_(new QPushButton(tr("&Again"))),
       skip_(new QPushButton(tr("S&kip"))),
       anew_(new QPushButton(tr("&Train again"))),
-      undo_(new QPushButton(tr("&Undo last training"))) {
+      undo_(new QPushButton(tr("&Undo last training"))),
+      save_(new QPushButton(tr("Try to &save again"))) {
     SetText(*introduction_,
             tr("Read some sentences aloud, and your voice is understood better: by commands and "
                "in dictation. It takes about three minutes. Press Start, or simply read the "
@@ -87,38 +83,34 @@ void VoicePage::MakeButtons() {
     skip_->setToolTip(tr("Leave this sentence out"));
     anew_->setToolTip(tr("Read the sentences from the first one"));
     undo_->setToolTip(tr("Be understood as before the last training"));
-    for (QPushButton* button : {start_, again_, skip_, anew_, undo_})
+    save_->setToolTip(tr("Keep what was learnt from your reading"));
+    for (QPushButton* button : {start_, again_, skip_, anew_, undo_, save_})
         button->setAccessibleDescription(button->toolTip());
     connect(start_, &QPushButton::clicked, this, [this] { session_->Start(); });
     connect(again_, &QPushButton::clicked, this, [this] { session_->Again(); });
     connect(skip_, &QPushButton::clicked, this, [this] { session_->Skip(); });
     connect(anew_, &QPushButton::clicked, this, [this] { BeginAnew(); });
     connect(undo_, &QPushButton::clicked, this, [this] { session_->UndoTraining(); });
+    connect(save_, &QPushButton::clicked, this, [this] { session_->Save(); });
 }
 
 void VoicePage::LayOut() {
     const int line = fontMetrics().height();
-    auto* card = new QFrame;
-    card->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
-    card->setBackgroundRole(QPalette::Base);
-    card->setForegroundRole(QPalette::Text);
-    card->setAutoFillBackground(true);
-    auto* on_card = new QVBoxLayout(card);
-    on_card->setContentsMargins(2 * line, line, 2 * line, line);
+    // What is handed over may be longer than there is room for.
+    card_->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+    card_->setBackgroundRole(QPalette::Base);
+    card_->setWidgetResizable(true);
+    card_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    card_->setAccessibleName(tr("Sentence"));
+    sentence_->setMargin(line);
     sentence_->setAlignment(Qt::AlignCenter);
     sentence_->setForegroundRole(QPalette::Text);
-    on_card->addWidget(sentence_);
+    card_->setWidget(sentence_);
 
     progress_->setAccessibleName(tr("Progress of the training"));
     progress_->setTextVisible(false);
     progress_->setFixedHeight(line / 2);
     meter_->setAccessibleName(tr("Microphone level"));
-
-    auto* told = new QHBoxLayout;
-    told->addWidget(picture_, 0, Qt::AlignTop);
-    told->addWidget(status_, 1);
-    status_->setMinimumHeight(3 * line);
-    status_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
 
     auto* heard = new QHBoxLayout;
     heard->addWidget(new QLabel(tr("Microphone")));
@@ -127,7 +119,7 @@ void VoicePage::LayOut() {
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(undo_);
     buttons->addStretch();
-    for (QPushButton* button : {anew_, again_, skip_, start_}) buttons->addWidget(button);
+    for (QPushButton* button : {anew_, save_, again_, skip_, start_}) buttons->addWidget(button);
 
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(line, line, line, line);
@@ -135,8 +127,8 @@ void VoicePage::LayOut() {
     all->addWidget(introduction_);
     all->addWidget(number_);
     all->addWidget(progress_);
-    all->addWidget(card, 1);
-    all->addLayout(told);
+    all->addWidget(card_, 1);
+    all->addWidget(status_);
     all->addWidget(wishes_);
     all->addLayout(heard);
     all->addLayout(buttons);
@@ -184,20 +176,28 @@ void VoicePage::Show(const VoiceSession::State& state) {
     ShowProgress(state);
     ShowStatus(state);
     ShowButtons(state);
-    if (std::exchange(shown_stage_, state.stage) == state.stage) return;
-    if (state.stage == Stage::reading) again_->setFocus();
+    const std::pair shown(state.stage, state.can_save);
+    if (std::exchange(shown_, shown) == shown) return;
     means_.changed();
+    if (isVisible()) FollowStage(state);
+}
+
+void VoicePage::FollowStage(const VoiceSession::State& state) {
+    if (state.stage == Stage::reading) again_->setFocus();
+    // Where no key does anything: whoever still reads with a finger on Enter is to lose nothing.
+    if (state.stage == Stage::training) card_->setFocus();
+    if (state.can_save) save_->setFocus();
 }
 
 void VoicePage::ShowSentence(const VoiceSession::State& state) {
     switch (state.stage) {
         case Stage::training:
-            return SetLargeText(*sentence_, tr("Learning your voice…"));
+            return SetLargeText(*this, *sentence_, tr("Learning your voice…"));
         case Stage::over:
-            return SetLargeText(*sentence_, HeadlineOf(state.outcome));
+            return SetLargeText(*this, *sentence_, HeadlineOf(state));
         case Stage::introduction:
         case Stage::reading:
-            return SetLargeText(*sentence_, Words(state.sentence));
+            return SetLargeText(*this, *sentence_, Words(state.sentence));
     }
 }
 
@@ -218,28 +218,22 @@ void VoicePage::ShowProgress(const VoiceSession::State& state) {
 }
 
 void VoicePage::ShowStatus(const VoiceSession::State& state) {
-    const auto say = [this](const QString& words, QStyle::StandardPixmap picture) {
-        SetText(*status_, words);
-        const int size = fontMetrics().height() * 3 / 2;
-        picture_->setFixedWidth(size);
-        picture_->setPixmap(style()->standardIcon(picture).pixmap(size));
-    };
     SetText(*wishes_, WishesOf(state));
     meter_->setEnabled(state.stage != Stage::training);
-    if (!state.failure.empty()) return say(Words(state.failure), QStyle::SP_MessageBoxWarning);
+    if (!state.failure.empty()) return status_->Say(TroubleOf(state), QStyle::SP_MessageBoxWarning);
     switch (state.stage) {
         case Stage::training:
-            return say(tr("This takes some seconds. You can cancel it at any time."),
-                       QStyle::SP_BrowserReload);
+            return status_->Say(tr("This takes some seconds. You can cancel it at any time."),
+                                QStyle::SP_BrowserReload);
         case Stage::over: {
             const bool done = state.outcome == VoiceSession::Outcome::learnt ||
                               state.outcome == VoiceSession::Outcome::undone;
-            return say(ExplanationOf(state),
-                       done ? QStyle::SP_DialogApplyButton : QStyle::SP_MessageBoxInformation);
+            return status_->Say(ExplanationOf(state), done ? QStyle::SP_DialogApplyButton
+                                                           : QStyle::SP_MessageBoxInformation);
         }
         case Stage::introduction:
         case Stage::reading:
-            return say(WordsOf(state.advice), PictureOf(state.advice));
+            return status_->Say(WordsOf(state.advice), PictureOf(state.advice));
     }
 }
 
@@ -248,6 +242,7 @@ void VoicePage::ShowButtons(const VoiceSession::State& state) {
     again_->setVisible(state.stage == Stage::reading);
     skip_->setVisible(state.stage == Stage::reading);
     anew_->setVisible(state.stage == Stage::over);
+    save_->setVisible(state.can_save);
     undo_->setVisible(state.can_undo);
     undo_->setEnabled(state.stage != Stage::training);
 }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/audio/audio_source.h"
@@ -14,10 +15,12 @@
 class QLabel;
 class QProgressBar;
 class QPushButton;
+class QScrollArea;
 
 namespace corvane::linux_desktop {
 
 class LevelMeter;
+class StatusLine;
 
 /// Has somebody read sentences aloud and trains a profile to the voice. It listens while it is
 /// shown.
@@ -27,7 +30,7 @@ public:
         /// A microphone that is the caller's alone; called for each training.
         std::function<std::unique_ptr<engine::AudioSource>()> open_microphone;
         std::vector<std::string> sentences;  ///< to be read, at least one
-        std::function<void()> changed;       ///< called when the session is at another stage
+        std::function<void()> changed;       ///< called when something else can be done
         std::function<void()> leave;         ///< called when somebody says so
     };
 
@@ -50,6 +53,7 @@ private:
     void Begin();
     void BeginAnew();
     void Show(const VoiceSession::State& state);
+    void FollowStage(const VoiceSession::State& state);
     void ShowSentence(const VoiceSession::State& state);
     void ShowProgress(const VoiceSession::State& state);
     void ShowStatus(const VoiceSession::State& state);
@@ -57,14 +61,15 @@ private:
 
     engine::UserProfile& profile_;
     Means means_;
-    VoiceSession::Stage shown_stage_ = VoiceSession::Stage::introduction;
+    /// Stage, and whether something can be saved.
+    std::pair<VoiceSession::Stage, bool> shown_{VoiceSession::Stage::introduction, false};
 
     QLabel* introduction_;
     QLabel* number_;
     QProgressBar* progress_;
+    QScrollArea* card_;
     QLabel* sentence_;
-    QLabel* picture_;
-    QLabel* status_;
+    StatusLine* status_;
     QLabel* wishes_;
     LevelMeter* meter_;
     QPushButton* start_;
@@ -72,6 +77,7 @@ private:
     QPushButton* skip_;
     QPushButton* anew_;
     QPushButton* undo_;
+    QPushButton* save_;
 
     std::unique_ptr<VoiceSession> session_;
 };

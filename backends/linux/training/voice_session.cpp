@@ -18,9 +18,9 @@ constexpr int kMostAttempts = 3;
 constexpr int kLongWait = 100;
 
 /// By VoiceSession::Wish.
-const std::vector<std::string> kWishes{"skip this sentence", "cancel the training",
-                                       "close the window", "train once more",
-                                       "undo the last training"};
+const std::vector<std::string> kWishes{"skip this sentence",     "cancel the training",
+                                       "close the window",       "train once more",
+                                       "undo the last training", "try to save again"};
 
 VoiceSession::Advice AdviceOnGood(bool loud, bool quiet) {
     if (loud) return VoiceSession::Advice::good_but_loud;
@@ -40,6 +40,7 @@ VoiceSession::VoiceSession(engine::UserProfile& profile, std::vector<std::string
       sentences_(std::move(sentences)),
       events_(std::move(events)),
       worker_([this](const std::string& what) {
+          checking_ = false;
           state_.failure = what;
           Finish(Outcome::failed);
       }),
@@ -119,6 +120,10 @@ void VoiceSession::UndoTraining() {
     Advise(state_.failure.empty() ? Advice::undone : state_.advice);
 }
 
+void VoiceSession::Save() {
+    if (learnt_) Keep();
+}
+
 void VoiceSession::Rest() {
     resting_ = true;
     ++turn_;
@@ -141,7 +146,8 @@ void VoiceSession::Check(const Reading& reading) {
     const std::string sentence = MayBeRead() ? sentences_[index_] : std::string();
     worker_.Do([this, turn = turn_, sentence, reading]() -> Worker::Then {
         ReadingVerdict verdict = ReadingVerdict::other;
-        if (!sentence.empty()) verdict = training_->Read(sentence, reading.sound);
+        // There is no training when the model can't be read, of which somebody is told by then.
+        if (training_ && !sentence.empty()) verdict = training_->Read(sentence, reading.sound);
         std::optional<std::size_t> choice;
         if (verdict != ReadingVerdict::good && choice_) choice = choice_->Heard(reading.sound);
         return [this, turn, verdict, choice, reading] {
@@ -175,6 +181,8 @@ bool VoiceSession::IsWish(std::optional<std::size_t> choice) const {
             return state_.stage == Stage::over;
         case Wish::undo:
             return state_.can_undo;
+        case Wish::save:
+            return state_.can_save;
         case Wish::cancel:
         case Wish::close:
             return true;
@@ -190,6 +198,8 @@ void VoiceSession::Obey(Wish wish) {
             return events_.Anew();
         case Wish::undo:
             return UndoTraining();
+        case Wish::save:
+            return Save();
         case Wish::cancel:
         case Wish::close:
             return events_.Leave();
@@ -220,6 +230,7 @@ void VoiceSession::Advance(Advice advice) {
 void VoiceSession::Await(Advice advice) {
     waiting_.reset();
     waited_ = 0;
+    state_.failure.clear();
     microphone_.Await();
     Advise(signal_ ? advice : Advice::no_signal);
 }
@@ -250,12 +261,20 @@ void VoiceSession::Train() {
 void VoiceSession::Trained(const engine::TrainingResult& result) {
     if (!result.transform) return Finish(Outcome::no_help);
     state_.improvement = std::clamp(1.0 - result.after / result.before, 0.0, 1.0);
-    Outcome outcome = Outcome::learnt;
-    on_error([&] { profile_.KeepVoice(*result.transform); },
-             [&](const RuntimeError& error) {
-                 state_.failure = error.what();
-                 outcome = Outcome::failed;
-             });
+    learnt_ = result.transform;
+    Keep();
+}
+
+// What can't be kept now, since there is no room, may be soon: nobody is to read it all again.
+void VoiceSession::Keep() {
+    Outcome outcome = Outcome::failed;
+    on_error(
+        [&] {
+            profile_.KeepVoice(*learnt_);
+            learnt_.reset();
+            outcome = Outcome::learnt;
+        },
+        [&](const RuntimeError& error) { state_.failure = error.what(); });
     Finish(outcome);
 }
 
@@ -263,6 +282,8 @@ void VoiceSession::Finish(Outcome outcome) {
     ++turn_;
     state_.stage = Stage::over;
     state_.outcome = outcome;
+    if (outcome != Outcome::failed) state_.failure.clear();
+    state_.can_save = learnt_.has_value();
     state_.can_undo = profile_.Voice() != nullptr;
     events_.Changed();
 }

@@ -64,6 +64,7 @@ public:
         double improvement = 0.0;  ///< share of what sentences held back differed by, 0 to 1
         std::string failure;  ///< of what was to be done last, in words; empty if there is none
         bool can_undo = false;
+        bool can_save = false;  ///< what was learnt could not be kept and is still there
     };
 
     struct Events {
@@ -90,6 +91,8 @@ public:
     void Skip();
     /// As engine::UserProfile::UndoVoice.
     void UndoTraining();
+    /// Tries again to keep what was learnt.
+    void Save();
     /// Nothing is heard until it goes on.
     void Rest();
     void GoOn();
@@ -98,7 +101,7 @@ private:
     using Reading = engine::ReadingCatcher::Reading;
 
     /// What may be said instead of a sentence, see kWishes.
-    enum class Wish { skip, cancel, close, anew, undo };
+    enum class Wish { skip, cancel, close, anew, undo, save };
 
     void Load();
     void LeaveFirstOut();
@@ -112,6 +115,7 @@ private:
     void Advise(Advice advice);
     void Train();
     void Trained(const engine::TrainingResult& result);
+    void Keep();
     void Finish(Outcome outcome);
     void HearLevel(int level);
     void HearSignal(bool there);
@@ -134,6 +138,7 @@ private:
     bool checking_ = false;
     std::uint32_t turn_ = 0;          ///< another one when what has been heard counts no more
     std::optional<Reading> waiting_;  ///< heard while another was being checked
+    std::optional<engine::SpeakerTransform> learnt_;  ///< until it is kept
 
     // The worker's own.
     std::unique_ptr<engine::VoiceTraining> training_;

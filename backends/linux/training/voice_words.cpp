@@ -83,6 +83,9 @@ QString WishesOf(const VoiceSession::State& state) {
             return QStringLiteral(
                 "You may also say “skip this sentence” or “cancel the training”.");
         case VoiceSession::Stage::over:
+            if (state.can_save)
+                return QStringLiteral(
+                    "Say “try to save again”, or “close the window” to do without.");
             return state.can_undo ? QStringLiteral(
                                         "Say “close the window”, “train once more” or "
                                         "“undo the last training”.")
@@ -97,8 +100,9 @@ QStyle::StandardPixmap PictureOf(Advice advice) {
     return RowOf(advice).picture;
 }
 
-QString HeadlineOf(Outcome outcome) {
-    switch (outcome) {
+QString HeadlineOf(const VoiceSession::State& state) {
+    if (state.can_save) return QStringLiteral("Your voice could not be saved.");
+    switch (state.outcome) {
         case Outcome::learnt:
             return QStringLiteral("Your voice has been learnt.");
         case Outcome::no_help:
@@ -133,11 +137,20 @@ QString ExplanationOf(const VoiceSession::State& state) {
         case Outcome::undone:
             return QStringLiteral("You are understood as before the last training.");
         case Outcome::failed:
-            return QString::fromStdString(state.failure);
+            return TroubleOf(state);
         case Outcome::none:
             break;
     }
     return {};
+}
+
+QString TroubleOf(const VoiceSession::State& state) {
+    const QString failure = QString::fromStdString(state.failure);
+    if (!state.can_save) return failure;
+    return QStringLiteral(
+               "%1. What was learnt is lost when this window closes: make room there, and try to "
+               "save it again.")
+        .arg(failure);
 }
 
 }  // namespace corvane::linux_desktop

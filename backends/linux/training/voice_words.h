@@ -15,8 +15,10 @@ namespace corvane::linux_desktop {
 [[nodiscard]] QStyle::StandardPixmap PictureOf(VoiceSession::Advice advice);
 
 /// What came of a training that is over, in a few words.
-[[nodiscard]] QString HeadlineOf(VoiceSession::Outcome outcome);
+[[nodiscard]] QString HeadlineOf(const VoiceSession::State& state);
 /// And what that means.
 [[nodiscard]] QString ExplanationOf(const VoiceSession::State& state);
+/// What went wrong, and what can be done.
+[[nodiscard]] QString TroubleOf(const VoiceSession::State& state);
 
 }  // namespace corvane::linux_desktop

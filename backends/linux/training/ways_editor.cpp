@@ -38,6 +38,14 @@ QString TroubleWith(const QString& sounds) {
     return {};
 }
 
+QString SayTheWord() {
+    return QWidget::tr("Say the word now, and nothing else.");
+}
+
+QString NoSignal() {
+    return QWidget::tr("No sound comes from the microphone. Is it plugged in and switched on?");
+}
+
 }  // namespace
 
 WaysEditor::WaysEditor(engine::UserProfile& profile, Means means)
@@ -92,7 +100,9 @@ void WaysEditor::MakeParts() {
     patience_.setInterval(kPatience);
     connect(&patience_, &QTimer::timeout, this, [this] {
         StopRecording();
-        means_.tell(tr("Nothing was heard. Press Record it and say the word."), true);
+        means_.tell(
+            signal_ ? tr("Nothing was heard. Press Record it and say the word.") : NoSignal(),
+            true);
     });
     connect(ways_, &QListWidget::currentItemChanged, this, [this] { FollowChoice(); });
     connect(sounds_, &QLineEdit::textEdited, this, [this](const QString& text) { Write(text); });
@@ -136,8 +146,6 @@ void WaysEditor::LayOut() {
 
 void WaysEditor::Show(const engine::WaysToSay& used, const engine::WaysToSay& others) {
     StopRecording();
-    ++turn_;
-    record_->setEnabled(true);
     ways_->clear();
     for (const std::string& phones : used) AddWay(Words(phones), true);
     for (const std::string& phones : others)
@@ -191,18 +199,24 @@ void WaysEditor::Hear() {
              [&](const RuntimeError& error) { means_.tell(Words(error.what()), true); });
 }
 
+// What the loudspeaker says is no recording, and no command behind the window.
+void WaysEditor::Hush() {
+    if (means_.hush) means_.hush();
+}
+
 void WaysEditor::Record() {
     if (microphone_) {
         StopRecording();
         return means_.tell({}, false);
     }
+    Hush();
+    signal_ = true;
     ReadingMicrophone::Events events;
     events.Level = [this](int level) { meter_->setValue(level); };
+    // Some microphones give nothing at all while nobody speaks: there is patience with them.
     events.Signal = [this](bool there) {
-        if (there || !microphone_) return;
-        StopRecording();
-        means_.tell(tr("No sound comes from the microphone. Is it plugged in and switched on?"),
-                    true);
+        signal_ = there;
+        if (microphone_) means_.tell(there ? SayTheWord() : NoSignal(), !there);
     };
     events.Began = [this] {
         patience_.stop();
@@ -214,10 +228,16 @@ void WaysEditor::Record() {
     patience_.start();
     meter_->show();
     record_->setText(tr("Stop &recording"));
-    means_.tell(tr("Say the word now, and nothing else."), false);
+    means_.tell(SayTheWord(), false);
 }
 
 void WaysEditor::StopRecording() {
+    ++turn_;
+    record_->setEnabled(true);
+    LetGoOfMicrophone();
+}
+
+void WaysEditor::LetGoOfMicrophone() {
     patience_.stop();
     record_->setText(tr("&Record it"));
     meter_->hide();
@@ -240,9 +260,11 @@ void WaysEditor::Recorded(const engine::ReadingCatcher::Reading& reading) {
     engine::WaysToSay guesses;
     for (int row = 0; row < ways_->count(); ++row)
         guesses.push_back(ways_->item(row)->text().toStdString());
-    worker_.Do([this, turn = turn_, make = profile_.PhoneWriterMaker(), sound = reading.sound,
-                guesses = std::move(guesses)]() -> Worker::Then {
-        if (!writer_) writer_ = make();
+    // The voice may have been trained since.
+    const bool other_voice = std::exchange(written_voice_, profile_.Voice()) != profile_.Voice();
+    worker_.Do([this, turn = turn_, make = profile_.PhoneWriterMaker(), other_voice,
+                sound = reading.sound, guesses = std::move(guesses)]() -> Worker::Then {
+        if (!writer_ || other_voice) writer_ = make();
         return [this, turn, phones = writer_->Write(sound, guesses)] {
             if (turn == turn_) TakeDown(phones);
         };
@@ -286,7 +308,8 @@ QString WaysEditor::Problem() const {
 }
 
 void WaysEditor::hideEvent(QHideEvent* event) {
-    StopRecording();
+    LetGoOfMicrophone();
+    Hush();
     QWidget::hideEvent(event);
 }
 

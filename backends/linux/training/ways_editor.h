@@ -28,6 +28,7 @@ public:
     struct Means {
         /// See WordsPage::Means.
         std::function<void(const std::string& phones)> say;
+        std::function<void()> hush;
         std::function<std::unique_ptr<engine::AudioSource>()> open_microphone;
         /// Told what a person should know; with `trouble` it went wrong.
         std::function<void(const QString& line, bool trouble)> tell;
@@ -47,7 +48,7 @@ public:
     /// Why they can't be used, for people; empty if they can.
     [[nodiscard]] QString Problem() const;
 
-    /// Lets go of the microphone.
+    /// Lets go of the microphone; what was recorded and is still being written down is dropped.
     void StopRecording();
 
 protected:
@@ -61,7 +62,9 @@ private:
     void Write(const QString& text);
     void Insert(const QString& sound);
     void Hear();
+    void Hush();
     void Record();
+    void LetGoOfMicrophone();
     void Recorded(const engine::ReadingCatcher::Reading& reading);
     void TakeDown(const std::string& phones);
 
@@ -77,8 +80,10 @@ private:
     QWidget* palette_;
     QTimer patience_;                                ///< with someone who says nothing
     std::unique_ptr<ReadingMicrophone> microphone_;  ///< while it records
+    bool signal_ = true;                             ///< of the microphone
+    engine::UserVoice::Transform written_voice_;     ///< in which the last recording was written
     std::shared_ptr<engine::PhoneWriter> writer_;    ///< from the first recording on; the worker's
-    int turn_ = 0;                                   ///< counts the words that were shown
+    int turn_ = 0;  ///< another one when what has been recorded counts no more
     Worker worker_;
 };
 

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "linux/training/told_text.h"
 #include "linux/windows/look.h"
 #include "linux/windows/put_over.h"
 
@@ -16,10 +17,7 @@ void ShowWordsDialog(HWND parent, const std::string& title, const std::string& w
                      engine::UserProfile& profile, WordsPage::Means means) {
     QDialog dialog;
     dialog.setWindowTitle(Words(title));
-    // As large as where a voice is trained.
-    QFont larger = dialog.font();
-    larger.setPointSizeF(11.0);
-    dialog.setFont(larger);
+    EnlargeText(dialog);
     auto* layout = new QVBoxLayout(&dialog);
     layout->addWidget(new WordsPage(profile, std::move(means), word));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);

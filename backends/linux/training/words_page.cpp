@@ -1,18 +1,17 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/training/words_page.h"
 
-#include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QStyle>
 #include <QVBoxLayout>
 #include <chrono>
 #include <utility>
 
+#include "linux/training/status_line.h"
 #include "linux/training/ways_editor.h"
 #include "linux/windows/look.h"
 #include "runtime/failure.h"
@@ -44,10 +43,10 @@ WordsPage::WordsPage(engine::UserProfile& profile, Means means, const std::strin
       word_(new QLineEdit),
       ways_(new WaysEditor(
           profile, {.say = std::move(means.say),
+                    .hush = std::move(means.hush),
                     .open_microphone = std::move(means.open_microphone),
                     .tell = [this](const QString& line, bool trouble) { Tell(line, trouble); }})),
-      picture_(new QLabel),
-      status_(new QLabel),
+      status_(new StatusLine(tr("Status"), 1)),
       add_(new QPushButton(tr("&Add"))) {
     MakeParts(word);
     LayOut();
@@ -67,10 +66,6 @@ void WordsPage::MakeParts(const std::string& word) {
     word_->setAccessibleName(tr("New word"));
     word_->setText(Words(word));
     word_->setPlaceholderText(tr("as it is to be written"));
-    status_->setObjectName("status");
-    status_->setAccessibleName(tr("Status"));
-    status_->setTextFormat(Qt::PlainText);
-    status_->setWordWrap(true);
     remove_->setObjectName("remove");
     undo_->setObjectName("undo");
     add_->setObjectName("add");
@@ -116,14 +111,9 @@ void WordsPage::LayOut() {
     auto* columns = new QHBoxLayout;
     columns->addLayout(left, 2);
     columns->addLayout(right, 5);
-    auto* line = new QHBoxLayout;
-    line->addWidget(picture_, 0, Qt::AlignTop);
-    line->addWidget(status_, 1);
     auto* all = new QVBoxLayout(this);
     all->addLayout(columns, 1);
-    all->addLayout(line);
-    // A line that comes and goes would move everything above it.
-    status_->setMinimumHeight(fontMetrics().height());
+    all->addWidget(status_);
     words_->setMinimumHeight(1);
     words_->setMinimumWidth(8 * fontMetrics().height());
     setFocusProxy(word_);
@@ -226,14 +216,7 @@ bool WordsPage::Set(const std::string& word, const std::optional<engine::WaysToS
 }
 
 void WordsPage::Tell(const QString& line, bool trouble) {
-    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    picture_->setPixmap(trouble ? style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size)
-                                : QPixmap());
-    status_->setText(line);
-    status_->setAccessibleDescription(line);
-    if (line.isEmpty()) return;
-    QAccessibleEvent said(status_, QAccessible::Alert);
-    QAccessible::updateAccessibility(&said);
+    status_->Say(line, trouble ? std::optional(QStyle::SP_MessageBoxWarning) : std::nullopt);
 }
 
 std::string WordsPage::Word() const {

@@ -12,13 +12,13 @@
 #include "engine/audio/audio_source.h"
 #include "engine/user_profile.h"
 
-class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
 
 namespace corvane::linux_desktop {
 
+class StatusLine;
 class WaysEditor;
 
 /// The user's own words: adds and removes them, and lets their pronunciations be heard, chosen,
@@ -31,6 +31,8 @@ public:
         /// once; cuts off what it was saying. Raises RuntimeError when there is no voice. May be
         /// empty: nothing can be heard then.
         std::function<void(const std::string& phones)> say;
+        /// Cuts off what it was saying. May be empty.
+        std::function<void()> hush;
         /// A microphone that is the caller's alone. May be empty: nothing can be recorded then.
         std::function<std::unique_ptr<engine::AudioSource>()> open_microphone;
     };
@@ -70,8 +72,7 @@ private:
     QPushButton* undo_;
     QLineEdit* word_;
     WaysEditor* ways_;
-    QLabel* picture_;
-    QLabel* status_;
+    StatusLine* status_;
     QPushButton* add_;
     QTimer suggest_;         ///< runs while a word is being written
     std::string suggested_;  ///< the word whose ways are shown

@@ -174,30 +174,5 @@ TEST(Registry, FileLiesInThePersonsConfigurationFolder) {
     EXPECT_TRUE(Registry::FileOfPerson().string().ends_with("/.config/corvane/registry"));
 }
 
-TEST_F(RegistryTest, AnInstallationMakesTheTrainingDueWhateverIsThere) {
-    const auto due = [&] {
-        HKEY key = 0;
-        EXPECT_EQ(Open("SOFTWARE\\Brindel\\ktcv\\", key), ERROR_SUCCESS);
-        std::string data(2, 'x');
-        std::uint32_t size = 2;
-        EXPECT_EQ(registry.RegQueryValueExA(key, "checktraining", type, data.data(), size),
-                  ERROR_SUCCESS);
-        return data;
-    };
-    const std::string offer =
-        "XDG_CONFIG_HOME='" + folder.path() + "' " CORVANE_TOOLS "/offer-training";
-    ASSERT_EQ(std::system(offer.c_str()), 0);
-    EXPECT_EQ(due(), "1\0"s);
-
-    HKEY key = 0;
-    ASSERT_EQ(Create("SOFTWARE\\Brindel\\ktcv", key), ERROR_SUCCESS);
-    ASSERT_EQ(registry.RegSetValueExA(key, "checktraining", REG_SZ, "0", 1), ERROR_SUCCESS);
-    ASSERT_EQ(Write("Other", "kept"), ERROR_SUCCESS);
-    ASSERT_EQ(std::system(offer.c_str()), 0);
-    EXPECT_EQ(due(), "1\0"s);
-    EXPECT_EQ(Read("Other"), ERROR_SUCCESS);
-    EXPECT_EQ(bytes, "kept");
-}
-
 }  // namespace
 }  // namespace corvane::linux_desktop

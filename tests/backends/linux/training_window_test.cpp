@@ -4,13 +4,17 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
 #include <deque>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <iterator>
 #include <set>
@@ -71,6 +75,27 @@ protected:
         QWidget* focus = window->focusWidget();
         QTest::keyClick(focus != nullptr ? focus : window, key);
     }
+    /// The first sentences aloud, and no more, until the training has begun.
+    void ReadEnoughToTrain() {
+        for (std::size_t i = 0; i < engine::VoiceTraining::kFewestSentences; ++i) {
+            const std::string sentence(kReadingSentences[i]);
+            ASSERT_TRUE(Await([&] { return Sentence() == sentence; })) << sentence;
+            Hear(SayAsSomebodySmall(sentence));
+        }
+        ASSERT_TRUE(Await([this] { return Shown("Progress") == "Sentence 6 of 20"; }));
+        while (QPushButton* skip = Button("S&kip")) skip->click();
+        ASSERT_EQ(Shown("Progress"), "All sentences are read");
+    }
+    /// If not without scrolling down.
+    void ExpectAllOfTheSentenceIsInView() const {
+        QApplication::processEvents();
+        const auto* card = window->findChild<QScrollArea*>();
+        const QWidget& sentence = *card->widget();
+        EXPECT_LE(sentence.width(), card->viewport()->width());
+        EXPECT_GE(sentence.height(), sentence.heightForWidth(sentence.width()));
+        EXPECT_EQ(card->verticalScrollBar()->maximum(),
+                  sentence.height() - card->viewport()->height());
+    }
     void Hear(const Sound& sound) { microphones.back().Hear(Joined(sound, Stillness(1s))); }
 
     engine::testing::TemporaryFolder folder;
@@ -81,7 +106,9 @@ protected:
                                 {}};
     std::deque<engine::testing::Microphone> microphones;
     TrainingDialogs dialogs{TrainingDialogs::Means{
-        .open_microphone = [this] { return microphones.emplace_back().Source(); }, .say = {}}};
+        .open_microphone = [this] { return microphones.emplace_back().Source(); },
+        .say = {},
+        .hush = {}}};
     QDialog* window = nullptr;
 };
 
@@ -105,6 +132,23 @@ TEST_F(TrainingWindowTest, TheSentenceThatWasHandedOverComesFirst) {
         EXPECT_EQ(Shown("Progress"), "Sentence 2 of 21");
         EXPECT_TRUE(StatusHas("Left out"));
     });
+}
+
+TEST_F(TrainingWindowTest, ALongTextIsReadPieceByPieceAndNoneOfItIsCutOff) {
+    std::string text = "Incomprehensibilities";
+    for (int i = 1; i < 119; ++i) text += " incomprehensibilities";
+    Train(text, [this] {
+        EXPECT_EQ(Shown("Progress"), "Sentence 1 of 25");
+        ExpectAllOfTheSentenceIsInView();
+    });
+}
+
+TEST_F(TrainingWindowTest, AWordThatIsWiderThanTheWindowIsBroken) {
+    for (const std::size_t length : {60, 400})
+        Train(std::string(length, 'm'), [this] {
+            EXPECT_LE(window->width(), 900);
+            ExpectAllOfTheSentenceIsInView();
+        });
 }
 
 TEST_F(TrainingWindowTest, AllSentencesReadAloudTrainTheVoiceWithoutAHand) {
@@ -206,6 +250,90 @@ TEST_F(TrainingWindowTest, EnterStartsIt) {
     });
 }
 
+TEST_F(TrainingWindowTest, EnterOnTheWordsPageClosesNothing) {
+    Train("", [this] {
+        auto* pages = window->findChild<QTabWidget*>();
+        for (const char* stage : {"introduction", "reading", "over"}) {
+            SCOPED_TRACE(stage);
+            pages->setCurrentIndex(0);
+            if (QPushButton* start = Button("&Start");
+                start && stage != std::string("introduction"))
+                start->click();
+            else
+                while (QPushButton* skip = Button("S&kip")) skip->click();
+            pages->setCurrentIndex(1);
+            for (const char* name : {"word", "sounds", "ways", "words", "palette"}) {
+                auto* part = window->findChild<QWidget*>(name);
+                ASSERT_NE(part, nullptr) << name;
+                part->setFocus();
+                QTest::keyClick(part, Qt::Key_Return);
+                ASSERT_TRUE(window->isVisible()) << name;
+            }
+        }
+        auto* word = window->findChild<QLineEdit*>("word");
+        word->setFocus();
+        QTest::keyClicks(word, "corvane");
+        QTest::keyClick(word, Qt::Key_Return);
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_TRUE(profile.Words().contains("corvane"));
+    });
+}
+
+TEST_F(TrainingWindowTest, BehindTheTrainingEnterClosesIt) {
+    Train("", [this] {
+        Button("&Start")->click();
+        while (QPushButton* skip = Button("S&kip")) skip->click();
+        EXPECT_EQ(window->focusWidget(), Button("&Close"));
+        Press(Qt::Key_Return);
+        EXPECT_FALSE(window->isVisible());
+    });
+}
+
+TEST_F(TrainingWindowTest, WhoWritesAWordIsNotDisturbedByTheEndOfATraining) {
+    if (!engine::testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks here, is missing";
+    Train("", [this] {
+        ReadEnoughToTrain();
+        window->findChild<QTabWidget*>()->setCurrentIndex(1);
+        auto* word = window->findChild<QLineEdit*>("word");
+        word->setFocus();
+        ASSERT_TRUE(Await([this] { return Sentence() == "Your voice has been learnt."; }));
+        EXPECT_EQ(window->focusWidget(), word);
+    });
+}
+
+TEST_F(TrainingWindowTest, NoKeyPressedUnawaresThrowsAwayWhatWasRead) {
+    if (!engine::testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks here, is missing";
+    Train("", [this] {
+        ReadEnoughToTrain();
+        EXPECT_NE(window->focusWidget(), Button("&Cancel"));
+        Press(Qt::Key_Return);
+        Press(Qt::Key_Space);
+        ASSERT_TRUE(window->isVisible());
+        ASSERT_TRUE(Await([this] { return Button("&Close") != nullptr; }));
+        EXPECT_EQ(Sentence(), "Your voice has been learnt.");
+        EXPECT_EQ(window->focusWidget(), Button("&Close"));
+    });
+}
+
+TEST_F(TrainingWindowTest, WhatCannotBeKeptIsKeptByAButtonOnceThereIsRoom) {
+    if (!engine::testing::CanSpeak()) GTEST_SKIP() << "flite, which speaks here, is missing";
+    std::filesystem::remove(folder.Path());
+    std::ofstream(folder.Path()) << "no folder";
+    Train("", [this] {
+        ReadEnoughToTrain();
+        ASSERT_TRUE(Await([this] { return Sentence() == "Your voice could not be saved."; }));
+        EXPECT_TRUE(StatusHas("can't be kept")) << Shown("Training status");
+        EXPECT_TRUE(StatusHas("make room")) << Shown("Training status");
+        EXPECT_EQ(window->focusWidget(), Button("Try to &save again"));
+        std::filesystem::remove(folder.Path());
+        Press(Qt::Key_Return);
+        EXPECT_EQ(Sentence(), "Your voice has been learnt.");
+        EXPECT_EQ(Button("Try to &save again"), nullptr);
+        EXPECT_EQ(window->focusWidget(), Button("&Close"));
+        EXPECT_TRUE(std::filesystem::exists(folder.Path() + "/voice.mllr"));
+    });
+}
+
 TEST_F(TrainingWindowTest, NoKeyUndoesATrainingUnawares) {
     profile.KeepVoice(engine::SpeakerTransform::Identity());
     Train("", [this] {
@@ -255,6 +383,17 @@ TEST_F(TrainingWindowTest, OverAHiddenWindowItStandsAlone) {
             EXPECT_FALSE(pad.isVisible());
         },
         static_cast<std::uint32_t>(pad.winId()));
+}
+
+TEST_F(TrainingWindowTest, ThereIsOneAtATime) {
+    Train("", [this] {
+        dialogs.UserTraining(0, "Corvane --Training", "again", profile);
+        dialogs.AddRemoveWord(0, "Corvane --Add or correct words", "", profile);
+        EXPECT_EQ(QApplication::activeModalWidget(), window);
+        EXPECT_EQ(microphones.size(), 1U);
+        EXPECT_EQ(Sentence(), kReadingSentences[0]);
+    });
+    Train("Another one.", [this] { EXPECT_EQ(Sentence(), "Another one."); });
 }
 
 TEST_F(TrainingWindowTest, TheWindowBelowMayGoMeanwhile) {

@@ -374,6 +374,30 @@ TEST_F(VoiceSessionTest, WhatCannotBeUndoneIsSaid) {
     EXPECT_TRUE(Now().can_undo);
 }
 
+TEST_F(VoiceSessionTest, AFailureIsSaidUntilSomethingElseIsToBeSaid) {
+    MakeProfile();
+    profile->KeepVoice(engine::SpeakerTransform::Identity());
+    profile->KeepVoice(engine::SpeakerTransform::Identity());
+    std::filesystem::remove_all(folder.Path() + "/user");
+    Begin();
+    session->Start();
+    session->UndoTraining();
+    EXPECT_FALSE(Now().failure.empty());
+    session->Skip();
+    EXPECT_TRUE(Now().failure.empty());
+
+    session->UndoTraining();
+    EXPECT_FALSE(Now().failure.empty());
+    session->Again();
+    EXPECT_TRUE(Now().failure.empty());
+
+    session->UndoTraining();
+    EXPECT_FALSE(Now().failure.empty());
+    while (Now().stage != Stage::over) session->Skip();
+    EXPECT_EQ(Now().outcome, Outcome::too_few);
+    EXPECT_TRUE(Now().failure.empty());
+}
+
 TEST_F(VoiceSessionTest, WhatCannotBeKeptIsSaid) {
     std::ofstream(folder.Path() + "/user") << "no folder";
     Begin();
@@ -382,6 +406,27 @@ TEST_F(VoiceSessionTest, WhatCannotBeKeptIsSaid) {
     EXPECT_EQ(Now().outcome, Outcome::failed);
     EXPECT_NE(Now().failure.find("can't be kept"), std::string::npos) << Now().failure;
     EXPECT_FALSE(profile->Voice());
+}
+
+TEST_F(VoiceSessionTest, WhatCouldNotBeKeptIsKeptOnceThereIsRoom) {
+    std::ofstream(folder.Path() + "/user") << "no folder";
+    Begin();
+    ReadAll();
+    ASSERT_TRUE(AwaitEnd());
+    EXPECT_TRUE(Now().can_save);
+    session->Save();
+    EXPECT_EQ(Now().outcome, Outcome::failed);
+    EXPECT_TRUE(Now().can_save);
+
+    std::filesystem::remove(folder.Path() + "/user");
+    Hear(Say("try to save again"));
+    ASSERT_TRUE(Await([&] { return Now().outcome == Outcome::learnt; }));
+    EXPECT_FALSE(Now().can_save);
+    EXPECT_TRUE(std::filesystem::exists(folder.Path() + "/user/voice.mllr"));
+    EXPECT_TRUE(profile->Voice());
+    EXPECT_TRUE(Now().can_undo);
+    session->Save();
+    EXPECT_EQ(Now().outcome, Outcome::learnt) << "there is nothing more to keep";
 }
 
 TEST_F(VoiceSessionTest, AModelThatCannotBeReadIsToldOf) {
@@ -397,6 +442,22 @@ TEST_F(VoiceSessionTest, AModelThatCannotBeReadIsToldOf) {
     session->Again();
     session->Skip();
     EXPECT_EQ(Now().stage, Stage::over);
+}
+
+TEST_F(VoiceSessionTest, WhatIsReadToAModelThatCannotBeReadIsJustNotHeard) {
+    // All that is said is there already when the model turns out to be none.
+    const SpeechEngineConfig config;
+    profile = std::make_unique<engine::UserProfile>(
+        engine::UserProfile::Places{
+            .folder = {}, .acoustic_model = folder.Path(), .dictionary = config.dictionary},
+        engine::Complain());
+    for (int i = 0; i < 3; ++i) Hear(Say(kSentences[0]));
+    Begin();
+    microphone.WaitUntilRead();
+    ASSERT_TRUE(AwaitEnd());
+    Hear(Say("close the window"));
+    EXPECT_TRUE(AwaitAdvice(Advice::checking)) << "nor does it wait for what was heard before";
+    EXPECT_EQ(Now().outcome, Outcome::failed);
 }
 
 }  // namespace

@@ -49,6 +49,7 @@ protected:
     }
     void Open(const std::string& word = {}) {
         WordsPage::Means means{.say = [this](const std::string& phones) { said.push_back(phones); },
+                               .hush = [this] { said.push_back("-"); },
                                .open_microphone = [this] { return microphone.Source(); }};
         if (!voice)
             means.say = [](const std::string&) {
@@ -77,7 +78,10 @@ protected:
                             Ways().item(row)->text().toStdString());
         return shown;
     }
-    [[nodiscard]] std::string Status() const { return The<QLabel>("status")->text().toStdString(); }
+    /// As a screen reader reads it: what is shown may be broken anywhere.
+    [[nodiscard]] std::string Status() const {
+        return The<QLabel>("status")->accessibleDescription().toStdString();
+    }
     [[nodiscard]] std::string Complaint() const {
         return The<QLabel>("complaint")->text().toStdString();
     }
@@ -90,6 +94,7 @@ protected:
     }
     /// Says it into the microphone while the page records.
     void Record(const std::string& word) {
+        microphone = {};
         Press("record");
         microphone.Hear(
             engine::testing::Joined(engine::testing::Say(word), engine::testing::Stillness(2s)));
@@ -260,6 +265,16 @@ TEST_F(WordsPageTest, TheChosenWayIsHeard) {
     EXPECT_EQ(said, (std::vector<std::string>{"R EH D", "R IY D", "R AA D"}));
 }
 
+TEST_F(WordsPageTest, WhatIsHeardIsCutOffByARecordingAndByTheEndOfThePage) {
+    Open("corvane");
+    Press("hear");
+    Press("record");
+    Press("record");
+    Press("hear");
+    page->hide();
+    EXPECT_EQ(said, (std::vector<std::string>{"K AO R V EY N", "-", "K AO R V EY N", "-"}));
+}
+
 TEST_F(WordsPageTest, AMissingVoiceIsTold) {
     voice = false;
     Open("corvane");
@@ -300,7 +315,67 @@ TEST_F(WordsPageTest, ADeadMicrophoneIsTold) {
     EXPECT_EQ(The<QPushButton>("record")->text(), "Stop &recording");
     microphone.HangUp();
     ASSERT_TRUE(Await([&] { return Status().starts_with("No sound comes"); })) << Status();
-    EXPECT_EQ(The<QPushButton>("record")->text(), "&Record it");
+    EXPECT_EQ(The<QPushButton>("record")->text(), "Stop &recording") << "it may come back";
+    const auto over = [&] { return The<QPushButton>("record")->text() == "&Record it"; };
+    ASSERT_TRUE(Await(over));
+    EXPECT_TRUE(Status().starts_with("No sound comes")) << Status();
+}
+
+TEST_F(WordsPageTest, AMicrophoneThatIsSilentBetweenWordsIsWaitedFor) {
+    if (!engine::testing::CanSpeak())
+        GTEST_SKIP() << "flite, which speaks in this test, is missing";
+    Open("corvane");
+    Press("record");
+    microphone.Hear(engine::testing::Stillness(4s));
+    ASSERT_TRUE(Await([&] { return Status().starts_with("No sound comes"); })) << Status();
+    microphone.Hear(
+        engine::testing::Joined(engine::testing::Say("corvane"), engine::testing::Stillness(2s)));
+    EXPECT_TRUE(Await([&] { return Status().starts_with("You said"); })) << Status();
+}
+
+TEST_F(WordsPageTest, AChangeDropsWhatIsStillBeingWrittenDown) {
+    if (!engine::testing::CanSpeak())
+        GTEST_SKIP() << "flite, which speaks in this test, is missing";
+    Open("corvane");
+    Record("banana");
+    ASSERT_TRUE(Await([&] { return Status() == "Writing it down\u2026"; })) << Status();
+    EXPECT_FALSE(The<QPushButton>("record")->isEnabled());
+    Press("add");
+    EXPECT_TRUE(The<QPushButton>("record")->isEnabled());
+    Write("sounds", "K AA R");
+    Record("corvane");
+    ASSERT_TRUE(Await([&] { return Status().starts_with("You said"); })) << Status();
+    EXPECT_EQ(Ways().count(), 2) << "the banana is none of them";
+    EXPECT_EQ(profile->Words().at("corvane"), (WaysToSay{"K AO R V EY N"}));
+}
+
+TEST_F(WordsPageTest, AWordIsWrittenDownThoughThePageIsHiddenMeanwhile) {
+    if (!engine::testing::CanSpeak())
+        GTEST_SKIP() << "flite, which speaks in this test, is missing";
+    Open("corvane");
+    Record("banana");
+    ASSERT_TRUE(Await([&] { return Status() == "Writing it down\u2026"; })) << Status();
+    page->hide();
+    EXPECT_TRUE(Await([&] { return Ways().count() == 2; })) << Status();
+}
+
+TEST_F(WordsPageTest, ARecordingIsWrittenDownInTheVoiceThatThereIs) {
+    if (!engine::testing::CanSpeak())
+        GTEST_SKIP() << "flite, which speaks in this test, is missing";
+    Open("corvane");
+    Record("banana");
+    ASSERT_TRUE(Await([&] { return Ways().count() == 2; })) << Status();
+    // A voice that nobody has, in which all is heard as something else.
+    engine::SpeakerTransform odd = engine::SpeakerTransform::Identity();
+    for (auto& stream : odd.streams)
+        for (std::size_t i = 0; i < stream.a.size(); ++i) stream.a[i][i] = -1.0F;
+    profile->KeepVoice(odd);
+    Record("banana");
+    const auto written = [&] {
+        return Status().starts_with("You said") || Status().starts_with("That did not");
+    };
+    ASSERT_TRUE(Await(written)) << Status();
+    EXPECT_NE(Status(), "You said it as it is written down already.");
 }
 
 TEST_F(WordsPageTest, TheMicrophoneIsLetGoOfWhenStoppedOrHidden) {

@@ -57,6 +57,11 @@ public:
         return count;
     }
 
+    [[nodiscard]] std::size_t Waiting() override {
+        const std::lock_guard lock(line_->mutex);
+        return line_->sound.size();
+    }
+
     void Interrupt() override {
         {
             const std::lock_guard lock(line_->mutex);
