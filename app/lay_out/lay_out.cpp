@@ -22,6 +22,12 @@ bool IsTaughtByPerson(const fs::path& file) {
 
 std::string ReasonOf(int error) {
     return std::generic_category().message(error);
+/// Even if it is a link to what can't be reached at present.
+bool IsThere(const fs::path& file) {
+    std::error_code unreachable;
+    return fs::symlink_status(file, unreachable).type() != fs::file_type::not_found;
+}
+
 }
 
 /// Nothing if the file can't be read.
@@ -87,8 +93,7 @@ void LayOut(const DataFiles& files, const fs::path& from, const fs::path& to) {
     MakeFolder(to);
     for (const fs::path& file : files) {
         const fs::path copy = to / file;
-        std::error_code unreachable;
-        if (IsTaughtByPerson(file) && fs::exists(copy, unreachable)) continue;
+        if (IsTaughtByPerson(file) && IsThere(copy)) continue;
         errno = 0;
         const auto content = ContentOf(from / file);
         if (!content) throw LayOutFailed(from / file, ReasonOf(errno));
@@ -102,7 +107,8 @@ void LayOut(const DataFiles& files, const fs::path& from, const fs::path& to) {
 bool AreLaidOut(const DataFiles& files, const fs::path& folder) {
     return std::ranges::all_of(files, [&](const fs::path& file) {
         std::error_code unreachable;
-        return fs::exists(folder / file, unreachable);
+        return IsTaughtByPerson(file) ? IsThere(folder / file)
+                                      : fs::exists(folder / file, unreachable);
     });
 }
 

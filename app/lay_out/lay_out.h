@@ -22,13 +22,15 @@ using DataFiles = std::vector<std::filesystem::path>;  ///< relative to the fold
 
 /// Lays the files of the folder `from` out at the same places under `to`, which is made if need be.
 /// What a person teaches the program is in the keyword files, so those stay as they are once they
-/// are there; the others become what they are in `from`. Whoever calls owns the copies and may
-/// write them, whatever holds for the originals. Each file changes whole or not at all. Throws
-/// LayOutFailed at the first that fails.
+/// are there, be it as a link to where they can't be reached at present; the others become what
+/// they are in `from`. Whoever calls owns the copies and may write them, whatever holds for the
+/// originals. Each file changes whole or not at all, a loss of power included. Throws LayOutFailed
+/// at the first that fails.
 void LayOut(const DataFiles& files, const std::filesystem::path& from,
             const std::filesystem::path& to);
 
-/// Whether each of the files is there, of whatever age.
+/// Whether each of the files is there, of whatever age. A keyword file is there as a link to
+/// nothing, too.
 [[nodiscard]] bool AreLaidOut(const DataFiles& files, const std::filesystem::path& folder);
 
 /// Makes `link` a symbolic link to `target`, in place of the file or link that it was. Throws

@@ -97,6 +97,17 @@ TEST_F(LayOutTest, ForgettingEverythingStaysToo) {
     EXPECT_EQ(Own("keywords.txt"), "");
 }
 
+// Whoever keeps what they taught elsewhere may start the program while that disk is not there.
+TEST_F(LayOutTest, ALinkToKeywordsThatAreNotThereStays) {
+    Start();
+    fs::remove(own / "keywords.txt");
+    fs::create_symlink(folder / "stick/keywords.txt", own / "keywords.txt");
+    Start();
+    EXPECT_EQ(fs::read_symlink(own / "keywords.txt"), folder / "stick/keywords.txt");
+    EXPECT_FALSE(fs::exists(folder / "stick"));
+    EXPECT_TRUE(AreLaidOut(FilesUnder(delivered), own));
+}
+
 TEST_F(LayOutTest, AnUpgradeRefreshesTheRest) {
     Start();
     folder.Put("delivered/help.html", "more help");
