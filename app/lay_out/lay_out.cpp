@@ -1,6 +1,7 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/lay_out/lay_out.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -55,13 +56,26 @@ void PutInPlace(const fs::path& fresh, const fs::path& file) {
 }
 
 /// On a full disk what was there stays.
+/// Puts what was written on the disk; else `errno` tells why not. Without it a file can come out of
+/// a power failure under its final name, and empty: then nothing would seem to have been taught.
+bool Keep(const fs::path& file) {
+    const int written = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (written < 0) return false;
+    const bool kept = ::fsync(written) == 0;
+    const int reason = errno;
+    ::close(written);
+    errno = reason;
+    // EINVAL: this file system has nothing to wait for.
+    return kept || reason == EINVAL;
+}
+
 void Write(const std::string& content, const fs::path& file) {
     const fs::path fresh = NameBeside(file);
     errno = 0;
     std::ofstream stream(fresh, std::ios::binary);
     stream << content;
     stream.close();
-    if (!stream) {
+    if (!stream || !Keep(fresh)) {
         const std::string reason = ReasonOf(errno);
         std::error_code left;
         fs::remove(fresh, left);
