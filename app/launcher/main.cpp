@@ -66,8 +66,8 @@ int main(int argc, char** argv) {
                       argc, argv);
     }
     try {
-        corvane::LayOut(files, installed / "data", own);
-        corvane::LayLink(installed / "corvane", own / "corvane");
+        corvane::LayOutProgram(
+            files, {.data = installed / "data", .executable = installed / "corvane"}, own);
     } catch (const LayOutFailed& failure) {
         // The files of the version before are better than no program for who has no other hands.
         if (!corvane::AreLaidOut(files, own) || !corvane::AreLaidOut({"corvane"}, own))

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <exception>
 #include <fstream>
 #include <optional>
 #include <sstream>
@@ -21,14 +22,14 @@ bool IsTaughtByPerson(const fs::path& file) {
     return file == "keywords.txt" || file == "keywords.xml";
 }
 
-std::string ReasonOf(int error) {
-    return std::generic_category().message(error);
 /// Even if it is a link to what can't be reached at present.
 bool IsThere(const fs::path& file) {
     std::error_code unreachable;
     return fs::symlink_status(file, unreachable).type() != fs::file_type::not_found;
 }
 
+std::string ReasonOf(int error) {
+    return std::generic_category().message(error);
 }
 
 /// Nothing if the file can't be read.
@@ -55,7 +56,6 @@ void PutInPlace(const fs::path& fresh, const fs::path& file) {
     throw LayOutFailed(file, error.message());
 }
 
-/// On a full disk what was there stays.
 /// Puts what was written on the disk; else `errno` tells why not. Without it a file can come out of
 /// a power failure under its final name, and empty: then nothing would seem to have been taught.
 bool Keep(const fs::path& file) {
@@ -69,6 +69,7 @@ bool Keep(const fs::path& file) {
     return kept || reason == EINVAL;
 }
 
+/// On a full disk what was there stays.
 void Write(const std::string& content, const fs::path& file) {
     const fs::path fresh = NameBeside(file);
     errno = 0;
@@ -133,6 +134,21 @@ void LayLink(const fs::path& target, const fs::path& link) {
     fs::create_symlink(target, fresh, error);
     if (error) throw LayOutFailed(link, error.message());
     PutInPlace(fresh, link);
+}
+
+void LayOutProgram(const DataFiles& files, const Installation& installed, const fs::path& to) {
+    std::exception_ptr failure;
+    try {
+        LayOut(files, installed.data, to);
+    } catch (const LayOutFailed&) {
+        failure = std::current_exception();
+    }
+    try {
+        LayLink(installed.executable, to / "corvane");
+    } catch (const LayOutFailed&) {
+        if (!failure) throw;
+    }
+    if (failure) std::rethrow_exception(failure);
 }
 
 }  // namespace corvane

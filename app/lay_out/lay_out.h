@@ -37,4 +37,16 @@ void LayOut(const DataFiles& files, const std::filesystem::path& from,
 /// LayOutFailed.
 void LayLink(const std::filesystem::path& target, const std::filesystem::path& link);
 
+/// What all people share.
+struct Installation {
+    std::filesystem::path data;        ///< the folder of the data files as they are delivered
+    std::filesystem::path executable;  ///< absolute
+};
+
+/// Lays files out as LayOut does, and beside them "corvane" as a link to the executable. A file
+/// that fails does not keep the link from leading to the executable that there is now: the one
+/// before may have been removed. Throws LayOutFailed of the first that fails.
+void LayOutProgram(const DataFiles& files, const Installation& installed,
+                   const std::filesystem::path& to);
+
 }  // namespace corvane

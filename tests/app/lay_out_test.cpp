@@ -203,6 +203,34 @@ TEST_F(LayOutTest, ALinkTakesThePlaceOfAFile) {
     EXPECT_EQ(fs::read_symlink(own / "corvane"), "/opt/corvane");
 }
 
+TEST_F(LayOutTest, TheProgramsLinkIsLedElsewhereThoughAFileFails) {
+    const DataFiles files = FilesUnder(delivered);
+    LayOutProgram(files, {.data = delivered, .executable = "/home/before/corvane"}, own);
+    folder.Put("delivered/help.html", std::string(100'000, 'x'));
+    {
+        const NoRoom full(50'000);
+        try {
+            LayOutProgram(files, {.data = delivered, .executable = "/usr/lib/corvane/corvane"},
+                          own);
+            FAIL() << "nothing was missed";
+        } catch (const LayOutFailed& failure) {
+            EXPECT_EQ(failure.what(), (own / "help.html").string() + ": File too large");
+        }
+    }
+    EXPECT_EQ(fs::read_symlink(own / "corvane"), "/usr/lib/corvane/corvane");
+}
+
+TEST_F(LayOutTest, WhereNothingCanBeLaidOutTheFirstFailureIsTold) {
+    folder.Put("own");
+    try {
+        LayOutProgram(FilesUnder(delivered), {.data = delivered, .executable = "/opt/corvane"},
+                      own);
+        FAIL() << "nothing was missed";
+    } catch (const LayOutFailed& failure) {
+        EXPECT_EQ(failure.what(), own.string() + ": Not a directory");
+    }
+}
+
 TEST_F(LayOutTest, ALinkThatCantBeMadeIsNamed) {
     EXPECT_THROW(LayLink("/opt/corvane", folder / "nowhere/corvane"), LayOutFailed);
 }
