@@ -66,13 +66,8 @@ int main(int argc, char** argv) {
                       argc, argv);
     }
     try {
-        const bool first_start = !corvane::AreLaidOut(files, own);
-        corvane::LayOut(files, installed / "data", own);
-        corvane::LayLink(installed / "corvane", own / "corvane");
-        if (first_start) {
-            Registry registry(Registry::FileOfPerson());
-            corvane::AskForFirstTraining(registry);
-        }
+        corvane::LayOutProgram(
+            files, {.data = installed / "data", .executable = installed / "corvane"}, own);
     } catch (const LayOutFailed& failure) {
         // The files of the version before are better than no program for who has no other hands.
         if (!corvane::AreLaidOut(files, own) || !corvane::AreLaidOut({"corvane"}, own))
@@ -82,6 +77,9 @@ int main(int argc, char** argv) {
                 failure.what(), argc, argv);
         WriteLine(std::string("A file could not be renewed; the old one stays. ") + failure.what());
     }
+    // At each start: whatever has kept an earlier one from asking, the training is still due.
+    Registry registry(Registry::FileOfPerson());
+    corvane::AskForFirstTraining(registry);
     ::execv((own / "corvane").c_str(), argv);
     const std::string reason = std::generic_category().message(errno);
     return Refuse("KT Corvane can't be started.", (installed / "corvane").string() + ": " + reason,

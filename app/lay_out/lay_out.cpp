@@ -1,10 +1,12 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/lay_out/lay_out.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <exception>
 #include <fstream>
 #include <optional>
 #include <sstream>
@@ -18,6 +20,12 @@ namespace fs = std::filesystem;
 /// What a person teaches the program lies in these.
 bool IsTaughtByPerson(const fs::path& file) {
     return file == "keywords.txt" || file == "keywords.xml";
+}
+
+/// Even if it is a link to what can't be reached at present.
+bool IsThere(const fs::path& file) {
+    std::error_code unreachable;
+    return fs::symlink_status(file, unreachable).type() != fs::file_type::not_found;
 }
 
 std::string ReasonOf(int error) {
@@ -48,6 +56,19 @@ void PutInPlace(const fs::path& fresh, const fs::path& file) {
     throw LayOutFailed(file, error.message());
 }
 
+/// Puts what was written on the disk; else `errno` tells why not. Without it a file can come out of
+/// a power failure under its final name, and empty: then nothing would seem to have been taught.
+bool Keep(const fs::path& file) {
+    const int written = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (written < 0) return false;
+    const bool kept = ::fsync(written) == 0;
+    const int reason = errno;
+    ::close(written);
+    errno = reason;
+    // EINVAL: this file system has nothing to wait for.
+    return kept || reason == EINVAL;
+}
+
 /// On a full disk what was there stays.
 void Write(const std::string& content, const fs::path& file) {
     const fs::path fresh = NameBeside(file);
@@ -55,7 +76,7 @@ void Write(const std::string& content, const fs::path& file) {
     std::ofstream stream(fresh, std::ios::binary);
     stream << content;
     stream.close();
-    if (!stream) {
+    if (!stream || !Keep(fresh)) {
         const std::string reason = ReasonOf(errno);
         std::error_code left;
         fs::remove(fresh, left);
@@ -87,8 +108,7 @@ void LayOut(const DataFiles& files, const fs::path& from, const fs::path& to) {
     MakeFolder(to);
     for (const fs::path& file : files) {
         const fs::path copy = to / file;
-        std::error_code unreachable;
-        if (IsTaughtByPerson(file) && fs::exists(copy, unreachable)) continue;
+        if (IsTaughtByPerson(file) && IsThere(copy)) continue;
         errno = 0;
         const auto content = ContentOf(from / file);
         if (!content) throw LayOutFailed(from / file, ReasonOf(errno));
@@ -102,7 +122,8 @@ void LayOut(const DataFiles& files, const fs::path& from, const fs::path& to) {
 bool AreLaidOut(const DataFiles& files, const fs::path& folder) {
     return std::ranges::all_of(files, [&](const fs::path& file) {
         std::error_code unreachable;
-        return fs::exists(folder / file, unreachable);
+        return IsTaughtByPerson(file) ? IsThere(folder / file)
+                                      : fs::exists(folder / file, unreachable);
     });
 }
 
@@ -113,6 +134,21 @@ void LayLink(const fs::path& target, const fs::path& link) {
     fs::create_symlink(target, fresh, error);
     if (error) throw LayOutFailed(link, error.message());
     PutInPlace(fresh, link);
+}
+
+void LayOutProgram(const DataFiles& files, const Installation& installed, const fs::path& to) {
+    std::exception_ptr failure;
+    try {
+        LayOut(files, installed.data, to);
+    } catch (const LayOutFailed&) {
+        failure = std::current_exception();
+    }
+    try {
+        LayLink(installed.executable, to / "corvane");
+    } catch (const LayOutFailed&) {
+        if (!failure) throw;
+    }
+    if (failure) std::rethrow_exception(failure);
 }
 
 }  // namespace corvane

@@ -97,6 +97,17 @@ TEST_F(LayOutTest, ForgettingEverythingStaysToo) {
     EXPECT_EQ(Own("keywords.txt"), "");
 }
 
+// Whoever keeps what they taught elsewhere may start the program while that disk is not there.
+TEST_F(LayOutTest, ALinkToKeywordsThatAreNotThereStays) {
+    Start();
+    fs::remove(own / "keywords.txt");
+    fs::create_symlink(folder / "stick/keywords.txt", own / "keywords.txt");
+    Start();
+    EXPECT_EQ(fs::read_symlink(own / "keywords.txt"), folder / "stick/keywords.txt");
+    EXPECT_FALSE(fs::exists(folder / "stick"));
+    EXPECT_TRUE(AreLaidOut(FilesUnder(delivered), own));
+}
+
 TEST_F(LayOutTest, AnUpgradeRefreshesTheRest) {
     Start();
     folder.Put("delivered/help.html", "more help");
@@ -190,6 +201,34 @@ TEST_F(LayOutTest, ALinkTakesThePlaceOfAFile) {
     folder.Put("own/corvane", "a copy");
     LayLink("/opt/corvane", own / "corvane");
     EXPECT_EQ(fs::read_symlink(own / "corvane"), "/opt/corvane");
+}
+
+TEST_F(LayOutTest, TheProgramsLinkIsLedElsewhereThoughAFileFails) {
+    const DataFiles files = FilesUnder(delivered);
+    LayOutProgram(files, {.data = delivered, .executable = "/home/before/corvane"}, own);
+    folder.Put("delivered/help.html", std::string(100'000, 'x'));
+    {
+        const NoRoom full(50'000);
+        try {
+            LayOutProgram(files, {.data = delivered, .executable = "/usr/lib/corvane/corvane"},
+                          own);
+            FAIL() << "nothing was missed";
+        } catch (const LayOutFailed& failure) {
+            EXPECT_EQ(failure.what(), (own / "help.html").string() + ": File too large");
+        }
+    }
+    EXPECT_EQ(fs::read_symlink(own / "corvane"), "/usr/lib/corvane/corvane");
+}
+
+TEST_F(LayOutTest, WhereNothingCanBeLaidOutTheFirstFailureIsTold) {
+    folder.Put("own");
+    try {
+        LayOutProgram(FilesUnder(delivered), {.data = delivered, .executable = "/opt/corvane"},
+                      own);
+        FAIL() << "nothing was missed";
+    } catch (const LayOutFailed& failure) {
+        EXPECT_EQ(failure.what(), own.string() + ": Not a directory");
+    }
 }
 
 TEST_F(LayOutTest, ALinkThatCantBeMadeIsNamed) {

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 #include "linux/files/file_descriptor.h"
 
@@ -45,21 +46,50 @@ bool MoveFolder(Place from, Place to) {
     return folder.open() && AllowOneself(folder.number()) && Move(from, to);
 }
 
-/// The name under which a folder now lies in `expunged`; none if it could not be moved there.
-std::optional<std::string> MoveAside(Place thing, int expunged) {
+/// Where a folder lies that nobody is to take out any more.
+struct Aside {
+    FileDescriptor folder;
+    std::string name;
+};
+
+bool HasNoRoom(int error) {
+    return error == ENOSPC || error == EDQUOT;
+}
+
+/// Moves it into "expunged", which is made where it is missing. If it can't be moved, `full` tells
+/// whether that is for want of room.
+std::optional<Aside> MoveIntoExpunged(int trash, Place thing, bool& full) {
+    constexpr mode_t kOwn = 0700;
+    full = ::mkdirat(trash, "expunged", kOwn) != 0 && HasNoRoom(errno);
+    FileDescriptor expunged(
+        ::openat(trash, "expunged", O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    if (!expunged.open()) return std::nullopt;
     for (int number = 1;; ++number) {
-        const std::string fresh = std::to_string(::getpid()) + "-" + std::to_string(number);
-        if (MoveFolder(thing, {.folder = expunged, .name = fresh})) return fresh;
-        if (errno != EEXIST) return std::nullopt;
+        std::string fresh = std::to_string(::getpid()) + "-" + std::to_string(number);
+        if (MoveFolder(thing, {.folder = expunged.number(), .name = fresh}))
+            return Aside{std::move(expunged), std::move(fresh)};
+        if (errno == EEXIST) continue;
+        full = HasNoRoom(errno);
+        return std::nullopt;
     }
 }
 
-/// Makes it where it is missing; `full` tells whether just the room for it was missing too.
-FileDescriptor OpenExpunged(int trash, bool& full) {
-    constexpr mode_t kOwn = 0700;
-    full = ::mkdirat(trash, "expunged", kOwn) != 0 && (errno == ENOSPC || errno == EDQUOT);
-    return FileDescriptor(
-        ::openat(trash, "expunged", O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+/// Makes it "expunged" itself, which takes no more room than it has. If this is cut off, what is
+/// left is where leftovers are looked for.
+std::optional<Aside> MakeExpunged(int trash, Place thing) {
+    // One that is empty may have been made already, and have had no room for a name.
+    ::unlinkat(trash, "expunged", AT_REMOVEDIR);
+    FileDescriptor above(::openat(trash, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    std::string name = "expunged";
+    if (!above.open() || !MoveFolder(thing, {.folder = trash, .name = name})) return std::nullopt;
+    return Aside{std::move(above), std::move(name)};
+}
+
+/// None if it could not be moved.
+std::optional<Aside> MoveAside(int trash, Place thing) {
+    bool full = false;
+    auto aside = MoveIntoExpunged(trash, thing, full);
+    return aside || !full ? std::move(aside) : MakeExpunged(trash, thing);
 }
 
 }  // namespace
@@ -75,14 +105,10 @@ bool Expunge(int trash, int files, const std::string& thing, RemovalWatcher& wat
         case Outcome::HasContent:
             break;
     }
-    bool full = false;
-    const FileDescriptor expunged = OpenExpunged(trash, full);
-    // To make room is what it is emptied for, so it goes where it lies then.
-    if (!expunged.open()) return full && RemoveTree(files, thing, watcher);
-    const auto aside = MoveAside({.folder = files, .name = thing}, expunged.number());
+    const auto aside = MoveAside(trash, {.folder = files, .name = thing});
     if (!aside) return false;
-    if (RemoveTree(expunged.number(), *aside, watcher)) return true;
-    static_cast<void>(MoveFolder({.folder = expunged.number(), .name = *aside},
+    if (RemoveTree(aside->folder.number(), aside->name, watcher)) return true;
+    static_cast<void>(MoveFolder({.folder = aside->folder.number(), .name = aside->name},
                                  {.folder = files, .name = thing}));
     return false;
 }

@@ -14,8 +14,8 @@ namespace corvane::linux_desktop {
 /// takes it out meanwhile has either all of it or nothing, and nobody moves a part of it away that
 /// is then removed elsewhere. A folder that can't be moved stays as it is. What is left of one that
 /// can't be removed entirely, or at whose removal it was stopped, comes back under its name, unless
-/// that has been taken. Only where the disk has no room for "expunged" is a folder removed where it
-/// lies: a trash that can't be emptied would keep the disk full.
+/// that has been taken. Where the disk has no room for that the folder becomes "expunged" itself: a
+/// trash that can't be emptied would keep the disk full.
 bool Expunge(int trash, int files, const std::string& thing, RemovalWatcher& watcher);
 
 }  // namespace corvane::linux_desktop

@@ -73,6 +73,13 @@ public:
 
     void Empty(Emptying& emptying) {
         Count count(emptying);
+        // What had been moved out of sight when whoever did it was cut off. It goes first,
+        // since on a full disk others may need its room to be moved there.
+        const FileDescriptor expunged = OpenFolder(trash_, "expunged");
+        for (const std::string& remains : remains_) {
+            if (emptying.cancelled || !expunged.open()) break;
+            RemoveTree(expunged.number(), remains, count);
+        }
         // The sizes that others remember; they are counted again where they are missing.
         ::unlinkat(trash_, "directorysizes", 0);
         const FileDescriptor info = OpenFolder(trash_, "info");
@@ -86,12 +93,6 @@ public:
         for (const std::string& note : notes_) {
             if (emptying.cancelled || !info.open() || !(files_.open() || no_files_)) break;
             if (!IsNoteOfSomething(note)) RemoveTree(info.number(), note, count);
-        }
-        // What had been moved out of sight when whoever did it was cut off.
-        const FileDescriptor expunged = OpenFolder(trash_, "expunged");
-        for (const std::string& remains : remains_) {
-            if (emptying.cancelled || !expunged.open()) break;
-            RemoveTree(expunged.number(), remains, count);
         }
     }
 

@@ -2,7 +2,6 @@
 #include "linux/windows/accessible_cell.h"
 
 #include <QHeaderView>
-#include <QPersistentModelIndex>
 #include <QTableView>
 #include <QTreeView>
 #include <algorithm>
@@ -75,7 +74,7 @@ bool AccessibleCell::IsChoice() const {
 
 QStringList AccessibleCell::actionNames() const {
     QStringList names;
-    if (IsChoice())
+    if (IsChoice() && list_.view().isEnabled())
         for (const CellAct& act : list_.manners().acts) names.push_back(act.name);
     return names;
 }
@@ -84,13 +83,7 @@ void AccessibleCell::doAction(const QString& name) {
     const auto& acts = list_.manners().acts;
     const auto act = std::ranges::find(acts, name, &CellAct::name);
     if (act == acts.end() || !IsChoice()) return;
-    // The row may be gone by then, and others have moved up.
-    QMetaObject::invokeMethod(
-        &list_.view(),
-        [act = act->act, index = QPersistentModelIndex(Index())] {
-            if (index.isValid()) act(index);
-        },
-        Qt::QueuedConnection);
+    list_.ActSoon(Index(), act->act);
 }
 
 QString AccessibleCell::localizedActionDescription(const QString& name) const {

@@ -1,11 +1,25 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 #include "linux/windows/accessible_cells.h"
 
+#include <QApplication>
+#include <QPersistentModelIndex>
 #include <utility>
 
 #include "linux/windows/accessible_cell.h"
 
 namespace corvane::linux_desktop {
+namespace {
+
+/// Whether a dialog keeps mouse and keys from it. What the dialog itself has opened is free.
+bool IsBehindDialog(const QWidget& widget) {
+    const QWidget* dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr) return false;
+    for (const QWidget* at = &widget; at != nullptr; at = at->parentWidget())
+        if (at == dialog) return false;
+    return true;
+}
+
+}  // namespace
 
 AccessibleCells::AccessibleCells(QAbstractItemView& view, CellManners manners)
     : QAccessibleWidget(&view, manners.view_role), manners_(std::move(manners)) {}
@@ -117,9 +131,19 @@ bool AccessibleCells::isRowSelected(int row) const {
 
 bool AccessibleCells::selectRow(int row) {
     const QModelIndex index = IndexOf(row, 0);
-    if (!index.isValid()) return false;
-    view().setCurrentIndex(index);
+    if (!index.isValid() || !view().isEnabled()) return false;
+    ActSoon(index, [&view = view()](const QModelIndex& chosen) { view.setCurrentIndex(chosen); });
     return true;
+}
+
+void AccessibleCells::ActSoon(const QModelIndex& cell, CellDeed deed) const {
+    // The row may be gone by then, and others have moved up.
+    QMetaObject::invokeMethod(
+        &view(),
+        [&view = view(), deed = std::move(deed), cell = QPersistentModelIndex(cell)] {
+            if (cell.isValid() && view.isEnabled() && !IsBehindDialog(view)) deed(cell);
+        },
+        Qt::QueuedConnection);
 }
 
 void AccessibleCells::modelChange(QAccessibleTableModelChangeEvent* /*event*/) {

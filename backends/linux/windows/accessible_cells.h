@@ -10,12 +10,15 @@
 
 namespace corvane::linux_desktop {
 
+/// What is done with a cell, from the loop and not inside the asking program's call: it may open a
+/// dialog.
+using CellDeed = std::function<void(const QModelIndex&)>;
+
 /// What can be done with a cell without mouse and keys.
 struct CellAct {
     QString name;
     QString description;
-    /// Runs from the loop, not inside the asking program's call: it may open a dialog.
-    std::function<void(const QModelIndex&)> act;
+    CellDeed act;
 };
 
 /// How the cells of a view are told to those who do not see them.
@@ -45,6 +48,9 @@ public:
     [[nodiscard]] QAbstractItemView& view() const;
     [[nodiscard]] const CellManners& manners() const { return manners_; }
     [[nodiscard]] QModelIndex IndexOf(int row, int column) const;
+    /// Does something with a cell as soon as the loop runs, unless the cell is gone then, or the
+    /// view can't be reached by mouse and keys either: disabled, or behind a dialog.
+    void ActSoon(const QModelIndex& cell, CellDeed deed) const;
 
     void* interface_cast(QAccessible::InterfaceType type) override;
     [[nodiscard]] int childCount() const override;

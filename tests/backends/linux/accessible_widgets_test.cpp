@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QDate>
+#include <QDialog>
 #include <QLabel>
 #include <QLocale>
 #include <QMainWindow>
@@ -155,6 +156,52 @@ TEST_F(AccessibleWidgets, WhatCannotBeDoneIsNotDone) {
     Act(*Told("Fruit").child(0), "Fly");
     QCoreApplication::processEvents();
     EXPECT_EQ(told, "");
+}
+
+TEST_F(AccessibleWidgets, ADisabledListOffersAndDoesNothing) {
+    Act(*Told("Fruit").child(1), "Activate");
+    EXPECT_TRUE(Told("Fruit").child(1)->state().selectable);
+    Find("Fruit").setEnabled(false);
+    EXPECT_TRUE(Told("Fruit").child(1)->actionInterface()->actionNames().isEmpty());
+    EXPECT_FALSE(Told("Rows").child(2)->actionInterface()->actionNames().isEmpty());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, "");
+}
+
+TEST_F(AccessibleWidgets, BehindADialogNothingIsDone) {
+    Act(*Told("Fruit").child(1), "Activate");
+    EXPECT_TRUE(Told("Fruit").tableInterface()->selectRow(1));
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, "");
+    dialog.hide();
+    Act(*Told("Fruit").child(1), "Select");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, "selected 1;");
+}
+
+TEST_F(AccessibleWidgets, InAWindowThatADialogHasOpenedThingsAreDone) {
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    Find("Fruit").window()->setParent(&dialog, Qt::Window);
+    Find("Fruit").window()->show();
+    Act(*Told("Fruit").child(1), "Select");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, "selected 1;");
+    Find("Fruit").window()->setParent(nullptr, Qt::Window);
+}
+
+TEST_F(AccessibleWidgets, ARowIsSelectedFromTheLoop) {
+    EXPECT_TRUE(Told("Fruit").tableInterface()->selectRow(1));
+    EXPECT_EQ(told, "") << "it would keep whoever asked waiting";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, "selected 1;");
+    EXPECT_FALSE(Told("Fruit").tableInterface()->selectRow(2));
+    Find("Fruit").setEnabled(false);
+    EXPECT_FALSE(Told("Fruit").tableInterface()->selectRow(0));
 }
 
 TEST_F(AccessibleWidgets, ATableTellsItsCellsUnderTheirHeaders) {

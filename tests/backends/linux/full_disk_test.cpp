@@ -1,22 +1,30 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
 // What is written to a disk that is full, or may only be read: a file that is rewritten in place is
 // cut off there, one that is replaced stays as it was, and nothing else is touched.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <functional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "expect_error.h"
 #include "grammar/command_grammar.h"
 #include "grammar/keyword_store.h"
+#include "linux/files/file_descriptor.h"
 #include "linux/files/file_system.h"
 #include "linux/settings/registry.h"
+#include "linux/system/expunging.h"
 #include "linux/system/trash.h"
 #include "support/small_disk.h"
 
 namespace corvane::linux_desktop {
 namespace {
+
+namespace fs = std::filesystem;
 
 class SmallDiskTest : public ::testing::Test {
 protected:
@@ -123,6 +131,70 @@ TEST_F(FullDisk, TheTrashIsEmptiedThoughNothingMoreHasRoom) {
     EXPECT_TRUE(
         EmptyTrashes({.home = disk / "Trash", .tops = {}, .person = ::geteuid()}, emptying));
     EXPECT_EQ(disk.Files(), expected);
+}
+
+/// A trash with a folder of three files, on a disk on which there is no room for "expunged".
+class FullTrash : public SmallDiskTest {
+protected:
+    void SetUp() override {
+        SmallDiskTest::SetUp();
+        if (IsSkipped()) return;
+        for (const char* file : {"1", "2", "3"})
+            disk.Put(std::string("Trash/files/old/") + file, "x");
+        disk.Put("desk/mine", "x");
+        disk.Fill();
+        disk.FillWithFiles();
+    }
+    /// Removes the folder, and does something once the first file of it is gone.
+    bool ExpungeOld(const std::function<bool()>& act) {
+        class Meddler final : public RemovalWatcher {
+        public:
+            explicit Meddler(const std::function<bool()>& act) : act_(act) {}
+            bool Removed() override { return ++removed_ > 1 || act_(); }
+
+        private:
+            const std::function<bool()>& act_;
+            int removed_ = 0;
+        } meddler(act);
+        const FileDescriptor trash(::open((disk / "Trash").c_str(), O_RDONLY | O_DIRECTORY));
+        const FileDescriptor things(::open((disk / "Trash/files").c_str(), O_RDONLY | O_DIRECTORY));
+        return Expunge(trash.number(), things.number(), "old", meddler);
+    }
+    [[nodiscard]] std::size_t CountIn(const std::string& folder) const {
+        const fs::directory_iterator entries(disk / folder);
+        return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
+    }
+    [[nodiscard]] bool IsThere(const std::string& name) const { return fs::exists(disk / name); }
+};
+
+TEST_F(FullTrash, WhoTakesAFolderOutOnceItIsGoingGetsNothingOfIt) {
+    std::error_code refused;
+    EXPECT_TRUE(ExpungeOld([&] {
+        fs::rename(disk / "Trash/files/old", disk / "desk/old", refused);
+        return true;
+    }));
+    EXPECT_EQ(refused, std::errc::no_such_file_or_directory);
+    EXPECT_EQ(CountIn("desk"), 1U);
+    EXPECT_EQ(CountIn("Trash"), 1U) << "only what has room for files is left";
+}
+
+TEST_F(FullTrash, WhatIsLeftWhenStoppedComesBack) {
+    EXPECT_FALSE(ExpungeOld([] { return false; }));
+    EXPECT_EQ(CountIn("Trash/files/old"), 2U);
+    EXPECT_FALSE(IsThere("Trash/expunged"));
+}
+
+TEST_F(FullTrash, WhatIsThrownAwayMeanwhileUnderTheSameNameIsLeftAlone) {
+    EXPECT_FALSE(ExpungeOld([&] {
+        fs::create_directory(disk / "Trash/files/old");
+        return false;
+    }));
+    EXPECT_EQ(CountIn("Trash/files/old"), 0U);
+    EXPECT_EQ(CountIn("Trash/expunged"), 2U);
+    Emptying emptying;
+    EXPECT_TRUE(
+        EmptyTrashes({.home = disk / "Trash", .tops = {}, .person = ::geteuid()}, emptying));
+    EXPECT_EQ(CountIn("Trash/expunged"), 0U);
 }
 
 TEST_F(ReadOnlyDisk, NothingIsChangedAndEveryWriteIsDenied) {
