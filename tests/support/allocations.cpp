@@ -26,6 +26,13 @@ void* operator new(std::size_t size) {
     return block;
 }
 
+// A sanitizer's own would be given back to the one below.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    void* const block = std::malloc(size);
+    if (block != nullptr) Count(block, 1);
+    return block;
+}
+
 void operator delete(void* block) noexcept {
     if (block == nullptr) return;
     Count(block, -1);
