@@ -1,113 +1,25 @@
 // Part of KT Corvane. SPDX-License-Identifier: GPL-3.0-or-later
-#include "linux/training/words_page.h"
-
+//
+// Words that are written, chosen, removed and undone.
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTest>
 #include <QTimer>
 #include <filesystem>
-#include <functional>
-#include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "engine/audio/memory_source.h"
-#include "engine/speech_engine.h"
 #include "linux/training/words_dialog.h"
-#include "platform/error.h"
-#include "support/room.h"
-#include "support/temporary_folder.h"
 #include "unprivileged.h"
+#include "words_page_fixture.h"
 
 namespace corvane::linux_desktop {
 namespace {
 
 using engine::WaysToSay;
 using engine::WordsAndWays;
-using std::chrono_literals::operator""s;
-
-class WordsPageTest : public ::testing::Test {
-protected:
-    WordsPageTest() { MakeProfile(); }
-
-    void MakeProfile() {
-        const SpeechEngineConfig config;
-        profile = std::make_unique<engine::UserProfile>(
-            engine::UserProfile::Places{.folder = folder.Path() + "/user",
-                                        .acoustic_model = config.acoustic_model,
-                                        .dictionary = config.dictionary},
-            engine::Complain());
-        profile->OnChange([this] { ++changes; });
-    }
-    void Open(const std::string& word = {}) {
-        WordsPage::Means means{.say = [this](const std::string& phones) { said.push_back(phones); },
-                               .hush = [this] { said.push_back("-"); },
-                               .open_microphone = [this] { return microphone.Source(); }};
-        if (!voice)
-            means.say = [](const std::string&) {
-                throw RuntimeError(kAutomationError, "no voice is installed");
-            };
-        page = std::make_unique<WordsPage>(*profile, std::move(means), word);
-        page->show();
-    }
-
-    template <class Kind>
-    [[nodiscard]] Kind* The(const char* name) const {
-        return page->findChild<Kind*>(name);
-    }
-    void Write(const char* field, const QString& text) {
-        auto* line = The<QLineEdit>(field);
-        line->clear();
-        QTest::keyClicks(line, text);
-        if (text.isEmpty()) emit line->textEdited({});
-    }
-    void Press(const char* button) { The<QPushButton>(button)->click(); }
-    [[nodiscard]] QListWidget& Ways() const { return *The<QListWidget>("ways"); }
-    [[nodiscard]] std::vector<std::string> WaysShown() const {
-        std::vector<std::string> shown;
-        for (int row = 0; row < Ways().count(); ++row)
-            shown.push_back((Ways().item(row)->checkState() == Qt::Checked ? "+ " : "- ") +
-                            Ways().item(row)->text().toStdString());
-        return shown;
-    }
-    /// As a screen reader reads it: what is shown may be broken anywhere.
-    [[nodiscard]] std::string Status() const {
-        return The<QLabel>("status")->accessibleDescription().toStdString();
-    }
-    [[nodiscard]] std::string Complaint() const {
-        return The<QLabel>("complaint")->text().toStdString();
-    }
-    void AddWord(const QString& word) {
-        Write("word", word);
-        Press("add");
-    }
-    static bool Await(const std::function<bool()>& condition) {
-        return QTest::qWaitFor(condition, 60'000);
-    }
-    /// Says it into the microphone while the page records.
-    void Record(const std::string& word) {
-        microphone = {};
-        Press("record");
-        microphone.Hear(
-            engine::testing::Joined(engine::testing::Say(word), engine::testing::Stillness(2s)));
-    }
-
-    engine::testing::TemporaryFolder folder;
-    std::unique_ptr<engine::UserProfile> profile;
-    int changes = 0;
-    bool voice = true;
-    std::vector<std::string> said;
-    engine::testing::Microphone microphone;
-    std::unique_ptr<WordsPage> page;
-};
 
 TEST_F(WordsPageTest, AMadeUpWordIsAddedAsItsLettersAreReadAndUsedAtOnce) {
     Open();
@@ -253,140 +165,6 @@ TEST_F(WordsPageTest, AReadOnlyFolderIsToldAndNothingIsLost) {
     EXPECT_EQ(profile->Words(), words);
     MakeProfile();
     EXPECT_EQ(profile->Words(), words);
-}
-
-TEST_F(WordsPageTest, TheChosenWayIsHeard) {
-    Open("read");
-    Press("hear");
-    Ways().setCurrentRow(1);
-    Press("hear");
-    Write("sounds", "R AA D");
-    Press("hear");
-    EXPECT_EQ(said, (std::vector<std::string>{"R EH D", "R IY D", "R AA D"}));
-}
-
-TEST_F(WordsPageTest, WhatIsHeardIsCutOffByARecordingAndByTheEndOfThePage) {
-    Open("corvane");
-    Press("hear");
-    Press("record");
-    Press("record");
-    Press("hear");
-    page->hide();
-    EXPECT_EQ(said, (std::vector<std::string>{"K AO R V EY N", "-", "K AO R V EY N", "-"}));
-}
-
-TEST_F(WordsPageTest, AMissingVoiceIsTold) {
-    voice = false;
-    Open("corvane");
-    Press("hear");
-    EXPECT_EQ(Status(), "no voice is installed");
-}
-
-TEST_F(WordsPageTest, ARecordingGivesOneMoreWay) {
-    if (!engine::testing::CanSpeak())
-        GTEST_SKIP() << "flite, which speaks in this test, is missing";
-    Open("corvane");
-    Write("sounds", "K AA R M AH N");
-    Record("corvane");
-    ASSERT_TRUE(Await([&] { return Ways().count() == 2; })) << Status();
-    EXPECT_EQ(Ways().currentRow(), 1);
-    EXPECT_EQ(Ways().item(1)->checkState(), Qt::Checked);
-    EXPECT_EQ(The<QLineEdit>("sounds")->text(), Ways().item(1)->text());
-    EXPECT_EQ(The<QPushButton>("record")->text(), "&Record it");
-    Press("add");
-    EXPECT_EQ(profile->Words().at("corvane").size(), 2U);
-}
-
-TEST_F(WordsPageTest, ARecordingOfOneWordIsNoWayToSayAnother) {
-    if (!engine::testing::CanSpeak())
-        GTEST_SKIP() << "flite, which speaks in this test, is missing";
-    Open("corvane");
-    Record("banana");
-    ASSERT_TRUE(Await([&] { return Status() == "Writing it down\u2026"; })) << Status();
-    Write("word", "read");
-    ASSERT_TRUE(Await([&] { return WaysShown().front() == "+ R EH D"; }));
-    page.reset();  // waits for what is being written down
-    EXPECT_TRUE(profile->Words().empty());
-}
-
-TEST_F(WordsPageTest, ADeadMicrophoneIsTold) {
-    Open("corvane");
-    Press("record");
-    EXPECT_EQ(The<QPushButton>("record")->text(), "Stop &recording");
-    microphone.HangUp();
-    ASSERT_TRUE(Await([&] { return Status().starts_with("No sound comes"); })) << Status();
-    EXPECT_EQ(The<QPushButton>("record")->text(), "Stop &recording") << "it may come back";
-    const auto over = [&] { return The<QPushButton>("record")->text() == "&Record it"; };
-    ASSERT_TRUE(Await(over));
-    EXPECT_TRUE(Status().starts_with("No sound comes")) << Status();
-}
-
-TEST_F(WordsPageTest, AMicrophoneThatIsSilentBetweenWordsIsWaitedFor) {
-    if (!engine::testing::CanSpeak())
-        GTEST_SKIP() << "flite, which speaks in this test, is missing";
-    Open("corvane");
-    Press("record");
-    microphone.Hear(engine::testing::Stillness(4s));
-    ASSERT_TRUE(Await([&] { return Status().starts_with("No sound comes"); })) << Status();
-    microphone.Hear(
-        engine::testing::Joined(engine::testing::Say("corvane"), engine::testing::Stillness(2s)));
-    EXPECT_TRUE(Await([&] { return Status().starts_with("You said"); })) << Status();
-}
-
-TEST_F(WordsPageTest, AChangeDropsWhatIsStillBeingWrittenDown) {
-    if (!engine::testing::CanSpeak())
-        GTEST_SKIP() << "flite, which speaks in this test, is missing";
-    Open("corvane");
-    Record("banana");
-    ASSERT_TRUE(Await([&] { return Status() == "Writing it down\u2026"; })) << Status();
-    EXPECT_FALSE(The<QPushButton>("record")->isEnabled());
-    Press("add");
-    EXPECT_TRUE(The<QPushButton>("record")->isEnabled());
-    Write("sounds", "K AA R");
-    Record("corvane");
-    ASSERT_TRUE(Await([&] { return Status().starts_with("You said"); })) << Status();
-    EXPECT_EQ(Ways().count(), 2) << "the banana is none of them";
-    EXPECT_EQ(profile->Words().at("corvane"), (WaysToSay{"K AO R V EY N"}));
-}
-
-TEST_F(WordsPageTest, AWordIsWrittenDownThoughThePageIsHiddenMeanwhile) {
-    if (!engine::testing::CanSpeak())
-        GTEST_SKIP() << "flite, which speaks in this test, is missing";
-    Open("corvane");
-    Record("banana");
-    ASSERT_TRUE(Await([&] { return Status() == "Writing it down\u2026"; })) << Status();
-    page->hide();
-    EXPECT_TRUE(Await([&] { return Ways().count() == 2; })) << Status();
-}
-
-TEST_F(WordsPageTest, ARecordingIsWrittenDownInTheVoiceThatThereIs) {
-    if (!engine::testing::CanSpeak())
-        GTEST_SKIP() << "flite, which speaks in this test, is missing";
-    Open("corvane");
-    Record("banana");
-    ASSERT_TRUE(Await([&] { return Ways().count() == 2; })) << Status();
-    // A voice that nobody has, in which all is heard as something else.
-    engine::SpeakerTransform odd = engine::SpeakerTransform::Identity();
-    for (auto& stream : odd.streams)
-        for (std::size_t i = 0; i < stream.a.size(); ++i) stream.a[i][i] = -1.0F;
-    profile->KeepVoice(odd);
-    Record("banana");
-    const auto written = [&] {
-        return Status().starts_with("You said") || Status().starts_with("That did not");
-    };
-    ASSERT_TRUE(Await(written)) << Status();
-    EXPECT_NE(Status(), "You said it as it is written down already.");
-}
-
-TEST_F(WordsPageTest, TheMicrophoneIsLetGoOfWhenStoppedOrHidden) {
-    Open("corvane");
-    Press("record");
-    Press("record");
-    EXPECT_EQ(The<QPushButton>("record")->text(), "&Record it");
-    EXPECT_EQ(Status(), "");
-    Press("record");
-    page->hide();
-    EXPECT_EQ(The<QPushButton>("record")->text(), "&Record it");
 }
 
 TEST_F(WordsPageTest, EverySoundStandsInThePaletteAndIsWrittenFromIt) {

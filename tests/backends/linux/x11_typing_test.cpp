@@ -2,105 +2,22 @@
 //
 // Texts arrive in other programs as they are, whatever the keyboard's layout.
 #include <gtest/gtest.h>
-#include <xcb/xtest.h>
 
 #include <QApplication>
-#include <QClipboard>
-#include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
-#include <QDBusReply>
-#include <QElapsedTimer>
 #include <QLineEdit>
-#include <QMimeData>
-#include <atomic>
-#include <iostream>
-#include <random>
-#include <thread>
-#include <utility>
+#include <QProcess>
+#include <chrono>
+#include <string>
+#include <tuple>
 
 #include "copying_program.h"
 #include "linux/desktop_clipboard.h"
-#include "linux/send_keys_notation.h"
-#include "linux/session/accessibility_relay.h"
 #include "linux/session/x11_clipboard.h"
-#include "linux/session/x11_keyboard.h"
-#include "linux/session/x11_keys.h"
 #include "linux/session/x11_selection_reader.h"
-#include "typing_programs.h"
+#include "x11_typing_fixture.h"
 
-/// Needs an X server with a window manager.
 namespace corvane::linux_desktop {
 namespace {
-
-std::string Utf8(const std::u32string& text) {
-    return QString::fromUcs4(text.data(), static_cast<qsizetype>(text.size())).toStdString();
-}
-
-std::u32string RandomText(const std::u32string& alphabet, std::size_t length) {
-    std::mt19937 random(7);  // NOLINT: the same text each time
-    std::u32string text;
-    while (text.size() < length) text += alphabet[random() % alphabet.size()];
-    return text;
-}
-
-std::u32string Range(char32_t first, char32_t last) {
-    std::u32string range;
-    for (char32_t c = first; c <= last; ++c) range += c;
-    return range;
-}
-
-std::u32string Latin1() {
-    return Range(0x20, 0x7E) + Range(0xA0, 0xFF);
-}
-
-std::u32string OtherScripts() {
-    return Range(U'Α', U'Ρ') + Range(U'α', U'ω') + Range(U'А', U'я') + U"ąćęłńőřšťžĲŒẞ" +
-           Range(U'あ', U'ん') + U"漢字日本語中文한국어" + Range(U'א', U'ת') +
-           U"“”‘’—…€₽→⇒∞≠√" + Range(0x1F600, 0x1F640) + U"🚀🎉🐧";
-}
-
-std::string PlainEnglish(std::size_t length) {
-    constexpr std::string_view kSentence =
-        "The quick brown fox jumps over the lazy dog, and it isn't even 9 o'clock (or so). "
-        "\"Well,\" said Ann: 50% of all that is here? Yes! ";
-    std::string text;
-    while (text.size() < length) text += kSentence;
-    return text.substr(0, length);
-}
-
-class X11TypingTest : public testing::Test {
-protected:
-    static void OpenWindow(QLineEdit& edit) {
-        edit.show();
-        edit.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&edit, kBound));
-        edit.setFocus();
-    }
-    SessionAnswer Send(const std::string& notation) {
-        const auto answer = keys.Type(ParseKeys(notation));
-        keys.WaitUntilTaken();
-        return answer;
-    }
-    /// Types it and tells how fast that was.
-    void SendText(const std::string& text, const std::string& what) {
-        const auto strokes = ParseKeys(InNotation(text));
-        QElapsedTimer timer;
-        timer.start();
-        EXPECT_EQ(keys.Type(strokes), SessionAnswer::Done);
-        keys.WaitUntilTaken();
-        const auto seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
-        std::cout << what << ": " << strokes.size() << " characters, "
-                  << static_cast<int>(static_cast<double>(strokes.size()) / seconds)
-                  << " a second\n";
-    }
-    [[nodiscard]] std::vector<xcb_keycode_t> SpareKeys() const { return X11Keyboard(x).spare(); }
-
-    X11Connection x;
-    AccessibilityRelay relay{[] { QCoreApplication::processEvents(); }};
-    X11Keys keys{[] { QCoreApplication::processEvents(); },
-                 [this](pid_t program) { return relay.WaitForKeysOf(program); }};
-};
 
 using ProgramAndLayout = std::tuple<TypingProgram, const char*>;
 
@@ -136,92 +53,6 @@ INSTANTIATE_TEST_SUITE_P(X11TypingTest, TextsInProgram,
                          [](const auto& row) {
                              return NameOf(std::get<0>(row.param)) + "_" + std::get<1>(row.param);
                          });
-
-/// A program that follows what others do by way of accessibility, as a screen reader does. From
-/// then on programs of Qt ask the registry about each key, and take it when that has answered.
-class ScreenReader {
-public:
-    ScreenReader() {
-        const auto question = QDBusMessage::createMethodCall("org.a11y.Bus", "/org/a11y/bus",
-                                                             "org.a11y.Bus", "GetAddress");
-        const QDBusReply<QString> address = QDBusConnection::sessionBus().call(question);
-        bus_ = QDBusConnection::connectToBus(address.value(), "screen reader");
-        auto registration =
-            QDBusMessage::createMethodCall("org.a11y.atspi.Registry", "/org/a11y/atspi/registry",
-                                           "org.a11y.atspi.Registry", "RegisterEvent");
-        registration << "object:text-changed" << QStringList() << QString();
-        registered_ = bus_.call(registration).type() == QDBusMessage::ReplyMessage;
-    }
-    ~ScreenReader() { QDBusConnection::disconnectFromBus("screen reader"); }
-    ScreenReader(const ScreenReader&) = delete;
-    ScreenReader& operator=(const ScreenReader&) = delete;
-
-    [[nodiscard]] bool registered() const { return registered_; }
-    /// The process of the registry.
-    [[nodiscard]] pid_t Registry() const {
-        const QDBusReply<uint> process = bus_.interface()->servicePid("org.a11y.atspi.Registry");
-        return static_cast<pid_t>(process.value());
-    }
-
-private:
-    QDBusConnection bus_{"screen reader"};
-    bool registered_ = false;
-};
-
-class ProgramWithAccessibility : public X11TypingTest {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(screen_reader.registered());
-        ASSERT_TRUE(program.Start(TypingProgram::QtWithAccessibility));
-    }
-
-    ScreenReader screen_reader;
-    TypedIntoProgram program;
-};
-
-TEST_F(ProgramWithAccessibility, IsTypedIntoAsAnyOther) {
-    const std::string text = PlainEnglish(2000);
-    const std::string others = Utf8(RandomText(OtherScripts(), 200));
-    SendText(text, "with accessibility");
-    // The registry may be a second behind, and a program that is gets no more than it can take.
-    ASSERT_EQ(program.TextOnceItIs(text), text);
-    SendText(others, "with accessibility");
-    EXPECT_EQ(program.TextOnceItIs(text + others), text + others);
-}
-
-TEST_F(ProgramWithAccessibility, HasCopiedWhenTheWaitIsOver) {
-    X11Clipboard clipboard(nullptr);
-    for (int i = 0; i < 100; ++i) {
-        const std::string text = "copy " + std::to_string(i);
-        Send("^a" + text);
-        Send("^a");
-        Send("^c");
-        ASSERT_EQ(clipboard.ReadText(std::chrono::milliseconds(kBound)), text);
-    }
-}
-
-TEST_F(ProgramWithAccessibility, IsAwaitedUntilASlowRegistryHasLetItsKeysGo) {
-    X11Clipboard clipboard(nullptr);
-    const pid_t registry = screen_reader.Registry();
-    ASSERT_GT(registry, 0);
-    std::atomic<bool> ends = false;
-    // It gets a little further each time.
-    std::thread slowing([&] {
-        while (!ends) {
-            ::kill(registry, SIGSTOP);
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-            ::kill(registry, SIGCONT);
-            std::this_thread::sleep_for(std::chrono::microseconds(100));
-        }
-    });
-    for (int i = 0; i < 100; ++i) {
-        const std::string text = std::to_string(i);
-        Send("^a" + text + "^a^c");
-        EXPECT_EQ(clipboard.ReadText(std::chrono::milliseconds(kBound)), text);
-    }
-    ends = true;
-    slowing.join();
-}
 
 TEST_F(X11TypingTest, ThirdAndFourthLayoutAreTypedOnToo) {
     const KeyboardLayout layout("us,ru,de,fr", {"-option", "grp:menu_toggle"});
@@ -354,52 +185,6 @@ TEST_F(X11TypingTest, WhatAPersonCopiesMeanwhileIsNotTakenAway) {
     EXPECT_EQ(program.TextOnceItIs(text + "x" + text), text + "x" + text);
     EXPECT_EQ(X11Clipboard(nullptr).ReadText(std::chrono::milliseconds(kBound)), "new");
 }
-
-class ProgramThatHangs : public X11TypingTest, public testing::WithParamInterface<TypingProgram> {};
-
-TEST_P(ProgramThatHangs, TakesItsTextWhenItGoesOn) {
-    TypedIntoProgram program;
-    ASSERT_TRUE(program.Start(GetParam()));
-    program.Stop(true);
-    const std::string typed = PlainEnglish(200) + "éà“”";
-    // A terminal gets what the layout lacks by pasting, which it does not fetch now.
-    const auto expected =
-        GetParam() == TypingProgram::Terminal ? SessionAnswer::Denied : SessionAnswer::Done;
-    EXPECT_EQ(Send(InNotation(typed)), expected);
-    program.Stop(false);
-    EXPECT_EQ(program.TextOnceItIs(typed), typed);
-}
-
-TEST_P(ProgramThatHangs, PastesTheTextAndNothingElseWhenItGoesOn) {
-    CopyingProgram other;
-    other.Copy({{"UTF8_STRING", "the person's"}});
-    TypedIntoProgram program;
-    ASSERT_TRUE(program.Start(GetParam()));
-    program.Stop(true);
-    const std::string pasted = Utf8(RandomText(OtherScripts(), 100));
-    EXPECT_EQ(Send(pasted), SessionAnswer::Denied);
-    program.Stop(false);
-    EXPECT_EQ(program.TextOnceItIs(pasted), pasted);
-}
-
-TEST_P(ProgramThatHangs, LeavesNoModifierDownThatAPersonMayHaveLetGoMeanwhile) {
-    TypedIntoProgram program;
-    ASSERT_TRUE(program.Start(GetParam()));
-    program.Stop(true);
-    const xcb_keycode_t control = X11Keyboard(x).control();
-    xcb_test_fake_input(x.connection(), XCB_KEY_PRESS, control, 0, 0, 0, 0, 0);
-    x.Sync();
-    ASSERT_EQ(X11Keyboard(x).held(), std::vector{control});
-    // So much that it is waited for.
-    const std::string typed = Utf8(RandomText(OtherScripts(), 100));
-    EXPECT_EQ(Send(typed), SessionAnswer::Denied);
-    EXPECT_TRUE(X11Keyboard(x).held().empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(X11TypingTest, ProgramThatHangs,
-                         testing::Values(TypingProgram::Qt, TypingProgram::Gtk,
-                                         TypingProgram::Terminal),
-                         [](const auto& row) { return NameOf(row.param); });
 
 }  // namespace
 }  // namespace corvane::linux_desktop
